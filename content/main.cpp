@@ -1,0 +1,68 @@
+// vorna-content: the build step that makes the content of the installation folder.
+//
+// Exit status 0 when it ran, 1 when it could not, 2 for wrong usage; then one line on standard
+// error says what is wrong.
+
+#include "content/installation.h"
+#include "content/sample_client.h"
+#include "platform/failure.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <iostream>
+#include <string>
+
+namespace {
+
+constexpr int couldNotRun = 1;
+constexpr int wrongUsage = 2;
+
+int run(const std::function<void()>& command) {
+    try {
+        command();
+        return 0;
+    } catch (const vorna::Failure& failure) {
+        std::cerr << "vorna-content: " << failure.what() << '\n';
+        return couldNotRun;
+    }
+}
+
+} // namespace
+
+int main(int argumentCount, char** arguments) {
+    CLI::App app("Makes the content of VORNA's installation folder from its sources.",
+                 "vorna-content");
+    app.require_subcommand(1);
+
+    vorna::InstallationPlan installation;
+    CLI::App* const lay = app.add_subcommand("installation", "lay down an installation folder");
+    lay->add_option("--sources", installation.sources, "the folder of the sources")->required();
+    lay->add_option("--into", installation.into, "the installation folder")->required();
+    lay->add_option("--list", installation.list,
+                    "keep the names laid down here, and remove what an earlier run laid down "
+                    "and this one does not");
+    lay->add_flag("--as-new", installation.asNew,
+                  "lay down again what a first start has moved aside");
+
+    vorna::SampleClientPlan sample;
+    CLI::App* const add = app.add_subcommand("sample-client", "add the sample client");
+    add->add_option("--sources", sample.sources, "the folder of the sources")->required();
+    add->add_option("--data-root", sample.dataRoot, "the data root, with its client database")
+        ->required();
+
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (const CLI::CallForHelp& help) {
+        return app.exit(help);
+    } catch (const CLI::ParseError& error) {
+        std::cerr << "vorna-content: " << error.what() << '\n';
+        return wrongUsage;
+    }
+    return run([&] {
+        if (lay->parsed())
+            vorna::layInstallation(installation);
+        else
+            vorna::addSampleClient(sample);
+    });
+}

@@ -1,0 +1,54 @@
+// Every file and folder name of the installation folder and the data root. No other file of the
+// system spells one.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace vorna::names {
+
+// The data root inside the common application data folder.
+inline constexpr std::string_view dataRoot = "VORNA";
+inline constexpr std::string_view backup = "backup";
+
+// In the installation folder and, as working copies, in the data root.
+inline constexpr std::string_view referenceTcm = "vorna-tcm.mdb";
+inline constexpr std::string_view referenceApm = "vorna-apm.mdb";
+inline constexpr std::string_view clients = "klienti.mdb";
+inline constexpr std::string_view anamnesis = "anamneza.rtf";
+inline constexpr std::string_view recommendation = "doporuceni.rtf";
+inline constexpr std::string_view setup = "setup.ini";
+inline constexpr std::string_view user = "user.ini";
+inline constexpr std::string_view newk = "newk.ini";
+inline constexpr std::string_view data = "data";
+inline constexpr std::string_view html = "HTML";
+inline constexpr std::string_view log = "LOG";
+
+// In the installation folder alone.
+inline constexpr std::string_view dataMovedAside = "CANDELETEDATA";
+inline constexpr std::string_view htmlMovedAside = "CANDELETEHTML";
+inline constexpr std::string_view charts = "charts";
+inline constexpr std::string_view help = "VORNA.chm";
+inline constexpr std::string_view rezimTcm = "rezim\\tcm";
+inline constexpr std::string_view rezimApm = "rezim\\apm";
+inline constexpr std::string_view startSound = "start.wav";
+inline constexpr std::string_view pipSound = "pip.wav";
+inline constexpr std::string_view dingdongSound = "dingdong.wav";
+inline constexpr std::string_view twinklesSound = "twinkles.wav";
+
+std::string languageFile(std::int16_t language); // lang1.ini
+std::string helpFile(std::int16_t language);     // VORNAhelp1.chm
+
+// In a mode's folder: pictures with words in them, such as hvezdice1.jpg.
+std::string languagePicture(std::string_view stem, std::int16_t language);
+
+// In a client's folder.
+inline constexpr std::string_view klientDat = "klient.dat";
+inline constexpr std::string_view measurementPattern = "*.daf";
+
+// In the data root's HTML folder: the picture of one chart of a report.
+std::string reportChartPicture(std::string_view reportChartKey);
+
+} // namespace vorna::names

@@ -1,0 +1,44 @@
+// The reference database of the mode: its opening, the switch to the session's language, and the
+// small lookups by which everybody asks it. A lookup that finds no row is a Failure unless its
+// comment says otherwise.
+#pragma once
+
+#include "core/session.h"
+#include "platform/failure.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace vorna {
+
+inline constexpr std::string_view referencePassword = "dremoKLAT";
+
+// Rewrites the plain tables so that they hold the texts of the language. Rows without a text in
+// the language keep theirs. A step that fails is passed over; all that ran take effect together.
+void nastavJazyk(Database& database, std::int16_t language);
+
+std::string vratSkelet(Session& session, std::int64_t id);
+std::string vratElement(Session& session, std::int64_t id);
+// The special types of a point, joined by ", "; empty when it has none.
+std::string vratTypBodu(Session& session, std::string_view pointLong);
+std::string vratTherapyApm(Session& session, int graf, int column);
+std::string vratProblem(Session& session, int problem);
+// The row id of a client in the client database.
+std::int64_t vratIdKlienta(Session& session, std::string_view intid);
+// In capital letters.
+std::string vratNazevGrafu(Session& session, int id);
+// The point is named by the first four characters of the text.
+std::string vratPopisBodu(Session& session, std::string_view text);
+std::string vratChinaBodu(Session& session, std::string_view text);
+
+// The result of a lookup, or the empty text when it fails: for labels and titles, which a failing
+// query leaves empty.
+template <class Lookup>
+std::string orEmpty(Lookup&& lookup) {
+    std::string text;
+    attempt([&] { text = lookup(); });
+    return text;
+}
+
+} // namespace vorna

@@ -1,0 +1,53 @@
+#include "evaluation/element_window.h"
+
+#include "clients/picture_window.h"
+#include "core/reference_database.h"
+#include "evaluation/chart_document.h"
+#include "evaluation/quadrant_window.h"
+#include "evaluation/summary_pies.h"
+#include "platform/failure.h"
+
+#include <array>
+
+namespace vorna {
+namespace {
+
+constexpr int titleRow = 14;
+
+} // namespace
+
+ElementWindow::ElementWindow(EvaluationContext& context) : Window("Form7"), context_(context) {
+    back.clicked = [this] { close(); };
+    quadrants.clicked = [this] { showQuadrantWindow(context_); };
+    yinPicture.clicked = [this] {
+        showLanguagePicture(context_.session, context_.windows, "tomek-jin");
+    };
+    yangPicture.clicked = [this] {
+        showLanguagePicture(context_.session, context_.windows, "tomek-jang");
+    };
+    applyLanguage(context.session, *this);
+}
+
+void ElementWindow::load() {
+    // Opened straight from its chart button it has no builder before it that named the client.
+    nameClient(context_, context_.state.CurrentKind);
+    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, titleRow); });
+    subtitle.caption = subcaption(context_, kindLabel(context_));
+    attempt([&] {
+        const ListRow& row = selectedMeasurement(context_);
+        const std::filesystem::path path = selectedMeasurementPath(context_);
+        const std::array<ChartControl*, 3> controls{&yang, &yin, &all};
+        for (std::size_t i = 0; i < controls.size(); ++i)
+            attempt([&] {
+                BuildElementPie(context_, path, row.subItem(kindColumn), *controls[i],
+                                static_cast<ElementPie>(i + 1));
+            });
+    });
+}
+
+void showElementWindow(EvaluationContext& context) {
+    ElementWindow window(context);
+    context.windows.showModal(window);
+}
+
+} // namespace vorna

@@ -1,0 +1,202 @@
+#include "platform/files.h"
+
+#include "platform/failure.h"
+#include "platform/text.h"
+
+#include <algorithm>
+#include <fcntl.h>
+#include <fstream>
+#include <iterator>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace vorna {
+namespace {
+
+// Closes a descriptor at the end of its scope.
+class OpenFile {
+public:
+    OpenFile(const fs::path& path, int flags) : descriptor_(::open(path.c_str(), flags, 0666)) {}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() {
+        if (descriptor_ >= 0)
+            ::close(descriptor_);
+    }
+    [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
+    [[nodiscard]] int descriptor() const { return descriptor_; }
+
+    [[nodiscard]] bool writeAll(std::string_view bytes) const {
+        while (!bytes.empty()) {
+            const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
+            if (written <= 0)
+                return false;
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return true;
+    }
+
+private:
+    int descriptor_;
+};
+
+// Makes the rename itself last; without it a crash could bring the old name back.
+void flushFolder(const fs::path& folder) {
+    const OpenFile handle(folder, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle.isOpen())
+        static_cast<void>(::fsync(handle.descriptor())); // some file systems cannot: nothing lost
+}
+
+// The entry of `folder` with this name, without regard to case; the name as given when none is.
+fs::path entryFolded(const fs::path& folder, const std::string& name) {
+    std::error_code error;
+    const fs::path exact = folder / name;
+    if (name == "." || name == ".." || fs::exists(fs::symlink_status(exact, error)))
+        return exact;
+    const std::string wanted = foldCase(name);
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error))
+        if (foldCase(pathText(at->path().filename())) == wanted)
+            return at->path();
+    return exact;
+}
+
+bool matchesFolded(std::string_view name, std::string_view pattern) {
+    // Walks both once, coming back to the latest star: linear but for stars, never recursive.
+    std::size_t n = 0;
+    std::size_t p = 0;
+    std::size_t starPattern = std::string_view::npos;
+    std::size_t starName = 0;
+    while (n < name.size()) {
+        if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
+            ++n;
+            ++p;
+        } else if (p < pattern.size() && pattern[p] == '*') {
+            starPattern = p++;
+            starName = n;
+        } else if (starPattern != std::string_view::npos) {
+            p = starPattern + 1;
+            n = ++starName;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+void copyEntry(const fs::directory_entry& entry, const fs::path& target) {
+    std::error_code error;
+    if (entry.is_symlink(error))
+        return;
+    if (!entry.is_directory(error)) {
+        copyFileOver(entry.path(), target);
+        return;
+    }
+    fs::create_directories(target, error);
+    fs::directory_iterator at(entry.path(), error);
+    if (error)
+        throw Failure("a folder cannot be copied");
+    for (const fs::directory_iterator end; at != end; at.increment(error))
+        copyEntry(*at, target / at->path().filename());
+}
+
+} // namespace
+
+fs::path under(const fs::path& folder, std::string_view name) {
+    fs::path path = folder;
+    std::string part;
+    const auto take = [&] {
+        if (!part.empty())
+            path = entryFolded(path, part);
+        part.clear();
+    };
+    for (const char c : name) {
+        if (c == '\\' || c == '/')
+            take();
+        else
+            part += c;
+    }
+    take();
+    return path;
+}
+
+std::string pathText(const fs::path& path) {
+    return path.string();
+}
+
+bool isForbiddenFileName(std::string_view name) {
+    if (name.empty() || name.back() == ' ' || name.back() == '.')
+        return true;
+    return std::any_of(name.begin(), name.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 ||
+               std::string_view("<>:\"/\\|?*").find(c) != std::string_view::npos;
+    });
+}
+
+std::string readWholeFile(const fs::path& path) {
+    std::error_code error;
+    if (fs::is_directory(path, error))
+        throw Failure("a file cannot be read");
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw Failure("a file cannot be read");
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    if (file.bad())
+        throw Failure("a file cannot be read");
+    return bytes;
+}
+
+void writeFileAtomically(const fs::path& path, std::string_view bytes) {
+    fs::path temporary = path;
+    temporary += ".new~";
+    {
+        const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
+        if (!file.isOpen())
+            throw Failure("a file cannot be written");
+        if (!file.writeAll(bytes) || ::fsync(file.descriptor()) != 0) {
+            ::unlink(temporary.c_str());
+            throw Failure("a file cannot be written whole");
+        }
+    }
+    std::error_code error;
+    fs::rename(temporary, path, error);
+    if (error) {
+        ::unlink(temporary.c_str());
+        throw Failure("a file cannot be replaced");
+    }
+    flushFolder(path.parent_path());
+}
+
+void copyFileOver(const fs::path& from, const fs::path& to) {
+    writeFileAtomically(to, readWholeFile(from));
+}
+
+void copyFolderInto(const fs::path& folder, const fs::path& into) {
+    std::error_code error;
+    if (!fs::is_directory(folder, error))
+        throw Failure("a folder to copy does not exist");
+    copyEntry(fs::directory_entry(folder), into / folder.filename());
+}
+
+std::vector<std::string> listFiles(const fs::path& folder, std::string_view pattern) {
+    std::vector<std::string> names;
+    const std::string folded = pattern == "*.*" ? "*" : foldCase(pattern);
+    std::error_code error;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
+        std::string name = pathText(at->path().filename());
+        if (matchesFolded(foldCase(name), folded))
+            names.push_back(std::move(name));
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string findFirst(const fs::path& folder, std::string_view pattern) {
+    const std::vector<std::string> names = listFiles(folder, pattern);
+    return names.empty() ? std::string{} : names.front();
+}
+
+bool matchesPattern(std::string_view name, std::string_view pattern) {
+    return matchesFolded(foldCase(name), pattern == "*.*" ? "*" : foldCase(pattern));
+}
+
+} // namespace vorna

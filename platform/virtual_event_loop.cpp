@@ -1,0 +1,58 @@
+#include "platform/virtual_event_loop.h"
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+namespace vorna {
+
+int VirtualEventLoop::startTimer(Milliseconds interval, Handler handler) {
+    // A timer of zero would never let the time go on.
+    interval = std::max(interval, Milliseconds{1});
+    timers_[++lastNumber_] = {clock_.now() + interval, interval, std::move(handler)};
+    return lastNumber_;
+}
+
+void VirtualEventLoop::stopTimer(int number) {
+    timers_.erase(number);
+}
+
+void VirtualEventLoop::processEvents() {
+    while (runNext(clock_.now())) {
+    }
+}
+
+void VirtualEventLoop::wait(Milliseconds duration) {
+    const LocalTime end = clock_.now() + duration;
+    while (runNext(end)) {
+    }
+    moveClock(end);
+}
+
+void VirtualEventLoop::runUntil(const std::function<bool()>& done) {
+    while (!done() && runNext(LocalTime::max())) {
+    }
+}
+
+bool VirtualEventLoop::runNext(LocalTime limit) {
+    const auto earliest =
+        std::min_element(timers_.begin(), timers_.end(),
+                         [](const auto& a, const auto& b) { return a.second.due < b.second.due; });
+    if (earliest == timers_.end() || earliest->second.due > limit)
+        return false;
+    moveClock(earliest->second.due);
+    earliest->second.due = clock_.now() + earliest->second.interval;
+    const Handler handler = earliest->second.handler; // the timer may stop itself while it runs
+    handler();
+    return true;
+}
+
+void VirtualEventLoop::moveClock(LocalTime time) {
+    if (time <= clock_.now())
+        return;
+    if (speed_ > 0)
+        std::this_thread::sleep_for((time - clock_.now()) / speed_);
+    clock_.moveTo(time);
+}
+
+} // namespace vorna

@@ -1,0 +1,86 @@
+#include "core/session.h"
+#include "core/window.h"
+#include "platform/failure.h"
+
+#include <gtest/gtest.h>
+
+namespace vorna {
+namespace {
+
+struct SampleWindow final : Window {
+    SampleWindow() : Window("Form1") {
+        watcher = [this](Control* control) {
+            told.push_back(control == nullptr ? "window" : control->name());
+        };
+    }
+    Button first{*this, "tlac", 0};
+    Button second{*this, "tlac", 1};
+    ListView list{*this, "ListView1"};
+    ChartControl chart{*this, "Chart"};
+    std::vector<std::string> told;
+};
+
+TEST(Window, EveryChangeIsToldOnceItIsMade) {
+    using Told = std::vector<std::string>;
+    SampleWindow window;
+    EXPECT_EQ(window.told, Told{}) << "a window in the making tells nothing";
+    window.first.caption = "a";
+    window.second.caption = window.first.caption;
+    EXPECT_EQ(window.second.caption.get(), "a");
+    window.setCaption("b");
+    window.close();
+    EXPECT_EQ(window.told, (Told{"tlac", "tlac", "window", "window"}));
+
+    std::string seen;
+    window.chart.renderComplete = [&] { seen = window.chart.rendered() ? "rendered" : "too soon"; };
+    window.chart.renderChart();
+    EXPECT_EQ(seen, "rendered");
+}
+
+TEST(Window, ControlsAreFoundByNameAndPlaceInTheirArray) {
+    const SampleWindow window;
+    EXPECT_EQ(window.find("tlac", 1), &window.second);
+    EXPECT_EQ(window.find("ListView1"), &window.list);
+    EXPECT_EQ(window.find("tlac"), nullptr) << "an array's member needs its index";
+    EXPECT_EQ(window.find("tlac", 2), nullptr);
+    EXPECT_EQ(window.controls().front(), &window.first) << "the control order";
+}
+
+TEST(Window, AListKeepsItsSelectionInBounds) {
+    SampleWindow window;
+    ListView& list = window.list;
+    list.setRows({{.text = "a"}, {.text = "b"}});
+    EXPECT_EQ(list.selectedRow(), nullptr);
+    list.selected = 1;
+    ASSERT_NE(list.selectedRow(), nullptr);
+    EXPECT_EQ(list.selectedRow()->text, "b");
+    for (const int row : {-1, -2, 2}) {
+        list.selected = row;
+        EXPECT_EQ(list.selectedRow(), nullptr) << row;
+    }
+    list.change(0, [](ListRow& row) { row.setSubItem(3, "č"); });
+    EXPECT_EQ(list.rows()[0].subItem(3), "č");
+    EXPECT_EQ(list.rows()[0].subItem(1), "");
+    EXPECT_EQ(list.rows()[0].subItem(4), "");
+    EXPECT_THROW(list.change(2, [](ListRow&) {}), Failure);
+    EXPECT_THROW(list.remove(2), Failure);
+    list.selected = 1;
+    list.remove(0);
+    EXPECT_EQ(list.selectedRow(), nullptr) << "a removal drops the selection";
+    EXPECT_EQ(list.rows().size(), 1U);
+}
+
+TEST(Session, AClientsFileStaysInTheClientsFolder) {
+    Session session{.clientsFolder = "/home/data", .currentClientFolder = "a826541203,5"};
+    EXPECT_EQ(currentClientFile(session, "x~O'Neil^A.daf"),
+              "/home/data/a826541203,5/x~O'Neil^A.daf");
+    for (const char* const name : {"../x.daf", "..", "a/b", "a\\b", "C:x", ""})
+        EXPECT_THROW(static_cast<void>(currentClientFile(session, name)), Failure) << name;
+    for (const char* const folder : {"..", "../..", "/etc"}) {
+        session.currentClientFolder = folder;
+        EXPECT_THROW(static_cast<void>(currentClientFile(session, "x.daf")), Failure) << folder;
+    }
+}
+
+} // namespace
+} // namespace vorna

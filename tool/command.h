@@ -1,0 +1,56 @@
+// What the commands of the tool share: the options of every command, the way to say that a command
+// cannot run, and the table of commands.
+#pragma once
+
+#include "tool/process.h"
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vorna {
+
+// A command cannot run: exit status 1 and one line.
+class CannotRun : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// The arguments make no sense: exit status 2 and one line.
+class WrongUsage : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+struct CommandResult {
+    nlohmann::ordered_json answer;
+    int exitStatus = 0;
+};
+
+// Runs a command whose arguments were read.
+using CommandBody = std::function<CommandResult(const ToolOptions&)>;
+
+// Declares a command on its subcommand and returns what runs it.
+using CommandDeclaration = CommandBody (*)(CLI::App& subcommand);
+
+CommandBody declareSession(CLI::App& subcommand);
+CommandBody declareConfigure(CLI::App& subcommand);
+CommandBody declareMeasurements(CLI::App& subcommand);
+CommandBody declareReadDaf(CLI::App& subcommand);
+CommandBody declareWriteDaf(CLI::App& subcommand);
+CommandBody declareEvaluate(CLI::App& subcommand);
+CommandBody declareDraw(CLI::App& subcommand);
+CommandBody declareCheck(CLI::App& subcommand);
+
+// The message boxes, notices and questions of the process so far, in their order.
+nlohmann::ordered_json messagesOf(const ToolProcess& process);
+
+// Text that may not be UTF-8 (a name out of an old file) with what is not replaced.
+std::string jsonText(std::string_view text);
+
+} // namespace vorna

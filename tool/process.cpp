@@ -1,0 +1,80 @@
+#include "tool/process.h"
+
+#include "clients/client_list.h"
+#include "clients/measurement_list.h"
+#include "tool/command.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace vorna {
+
+std::filesystem::path executableFolder() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+}
+
+std::filesystem::path commonDataFolder() {
+    const char* const xdg = std::getenv("XDG_DATA_HOME");
+    if (xdg != nullptr && *xdg == '/')
+        return xdg;
+    const char* const home = std::getenv("HOME");
+    return std::filesystem::path(home != nullptr ? home : "/") / ".local" / "share";
+}
+
+ToolProcess::ToolProcess(const ToolOptions& options)
+    : clock(options.now.value_or(SystemClock{}.now())), loop(clock),
+      dialogs(loop, options.answers), platform{.loop = loop,
+                                               .clock = clock,
+                                               .locale = localeByName(options.locale),
+                                               .dialogs = dialogs,
+                                               .clipboard = clipboard,
+                                               .opener = opener,
+                                               .sound = sound,
+                                               .drawing = drawing},
+      windows(loop, [this] { return state.ReportChartIndex > 0; }),
+      context{.session = session,
+              .state = state,
+              .platform = platform,
+              .windows = windows,
+              .clientList = window.clientList,
+              .measurementList = window.measurementList,
+              .recommend = {}},
+      folders_{options.appFolder.empty() ? executableFolder() : options.appFolder,
+               options.commonData.empty() ? commonDataFolder() : options.commonData} {
+    loop.setSpeed(options.speed);
+    bindMainWindow(window, context, [this] { ended = true; });
+}
+
+bool ToolProcess::start() {
+    std::error_code error;
+    if (!std::filesystem::is_directory(folders_.appFolder, error))
+        throw CannotRun("the installation folder " + folders_.appFolder.string() +
+                        " does not exist");
+    std::filesystem::create_directories(folders_.commonData, error);
+    if (error)
+        throw CannotRun("the folder " + folders_.commonData.string() + " cannot be made");
+    return startUp(folders_, session, window, platform);
+}
+
+void ToolProcess::selectClient(const std::string& intid) {
+    const auto& rows = window.clientList.rows();
+    const auto at = std::find_if(rows.begin(), rows.end(), [&](const ListRow& row) {
+        return row.subItem(static_cast<std::size_t>(ClientColumn::Intid)) == intid;
+    });
+    if (at == rows.end())
+        throw CannotRun("--client: there is no client " + intid);
+    selectClientRow(window, session, static_cast<int>(at - rows.begin()));
+}
+
+void ToolProcess::selectMeasurement(const std::string& name) {
+    const auto& rows = window.measurementList.rows();
+    const auto at =
+        std::find_if(rows.begin(), rows.end(), [&](const ListRow& row) { return row.tag == name; });
+    const auto index = at - rows.begin();
+    if (at == rows.end())
+        window.measurementList.add(measurementRow(name));
+    window.measurementList.selected = static_cast<int>(index);
+}
+
+} // namespace vorna

@@ -1,0 +1,74 @@
+#include "platform/failure.h"
+#include "tool/command.h"
+
+namespace vorna {
+namespace {
+
+using nlohmann::ordered_json;
+
+// The reserve is kept as text and is a number where it reads as one.
+ordered_json reserveValue(const ToolProcess& process) {
+    ordered_json value = process.session.posunrez;
+    attempt([&] {
+        const double number = numberOfText(process.platform.locale, process.session.posunrez);
+        const auto whole = static_cast<std::int64_t>(number);
+        value = static_cast<double>(whole) == number ? ordered_json(whole) : ordered_json(number);
+    });
+    return value;
+}
+
+ordered_json settingsOf(const ToolProcess& process) {
+    const Session& session = process.session;
+    return {{"posunrez", reserveValue(process)},
+            {"maxhod", session.maxhod},
+            {"koeflog", session.koeflog},
+            {"dobamer", session.dobamer},
+            {"koef", session.koef},
+            {"sklon", session.sklon},
+            {"odchylka", session.odchylka},
+            {"rozstep", session.rozstep},
+            {"posun", session.posun}};
+}
+
+ordered_json tabsOf(const MainWindow& window) {
+    auto captions = ordered_json::array();
+    for (const Tab& tab : window.tabs.tabs())
+        captions.push_back(tab.caption);
+    return captions;
+}
+
+ordered_json clientsOf(const MainWindow& window) {
+    auto clients = ordered_json::array();
+    for (const ListRow& row : window.clientList.rows()) {
+        auto columns = ordered_json::array({jsonText(row.text)});
+        for (const std::string& column : row.sub)
+            columns.push_back(jsonText(column));
+        clients.push_back({{"id", std::stoll(row.tag)}, {"columns", columns}});
+    }
+    return clients;
+}
+
+CommandResult run(const ToolOptions& options) {
+    ToolProcess process(options);
+    const bool firstRun = process.start();
+    const Session& session = process.session;
+    return {{{"messages", messagesOf(process)},
+             {"language", session.language},
+             {"mode", session.mode},
+             {"title", process.window.caption()},
+             {"dataRoot", session.dataRoot.string()},
+             {"modeFolder", session.modeFolder.string()},
+             {"firstRun", firstRun},
+             {"settings", settingsOf(process)},
+             {"userName", jsonText(session.userName)},
+             {"tabs", tabsOf(process.window)},
+             {"clients", clientsOf(process.window)}}};
+}
+
+} // namespace
+
+CommandBody declareSession(CLI::App&) {
+    return &run;
+}
+
+} // namespace vorna

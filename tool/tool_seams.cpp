@@ -1,0 +1,92 @@
+#include "tool/tool_seams.h"
+
+#include "platform/qt/qt_chart_drawing.h"
+
+#include <QGuiApplication>
+
+#include <array>
+
+namespace vorna {
+namespace {
+
+constexpr auto noticeDuration = std::chrono::milliseconds{2000};
+
+} // namespace
+
+void RecordingDialogs::message(const std::string& text, const std::string&) {
+    shown_.push_back({"message", text, std::nullopt});
+}
+
+bool RecordingDialogs::question(const std::string& text, const std::string&) {
+    std::string answer = nextAnswer();
+    const bool yes = answer == "yes" || answer == "ok";
+    shown_.push_back({"question", text, answer.empty() ? "no" : std::move(answer)});
+    return yes;
+}
+
+std::string RecordingDialogs::input(const std::string& prompt, const std::string&) {
+    shown_.push_back({"question", prompt, "cancel"});
+    return {};
+}
+
+std::filesystem::path RecordingDialogs::chooseFolder(const std::string& title) {
+    shown_.push_back({"question", title, "cancel"});
+    return {};
+}
+
+std::filesystem::path RecordingDialogs::chooseFile(const std::string& title, const std::string&) {
+    shown_.push_back({"question", title, "cancel"});
+    return {};
+}
+
+void RecordingDialogs::notice(const std::string& text) {
+    shown_.push_back({"notice", text, std::nullopt});
+    loop_.wait(noticeDuration);
+}
+
+std::string RecordingDialogs::nextAnswer() {
+    if (answers_.empty())
+        return {};
+    const std::size_t next = std::min(answered_, answers_.size() - 1);
+    ++answered_;
+    return answers_[next];
+}
+
+// The application object that fonts and pictures need, and the drawing over it.
+struct OffscreenDrawing::Qt {
+    int argumentCount = 1;
+    std::array<char, 11> name{"vorna-tool"};
+    std::array<char*, 2> arguments{name.data(), nullptr};
+    std::unique_ptr<QGuiApplication> application;
+    QtChartDrawing drawing;
+
+    Qt() {
+        if (QCoreApplication::instance() != nullptr)
+            return;
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        application = std::make_unique<QGuiApplication>(argumentCount, arguments.data());
+    }
+};
+
+OffscreenDrawing::OffscreenDrawing() = default;
+OffscreenDrawing::~OffscreenDrawing() = default;
+
+void OffscreenDrawing::draw(std::string_view document, int chartType, PictureSize size,
+                            const std::filesystem::path& path) {
+    if (!qt_)
+        qt_ = std::make_unique<Qt>();
+    qt_->drawing.draw(document, chartType, size, path);
+}
+
+void ModalWindows::showModal(Window& window) {
+    window.open();
+    window.load();
+    if (visit)
+        visit(window);
+    if (closesItself_ && closesItself_())
+        loop_.runUntil([&] { return window.closed(); });
+    if (!window.closed())
+        window.close();
+}
+
+} // namespace vorna
