@@ -133,12 +133,11 @@ SetPointTexts setPointTexts(Session& session, int runPlace, int sada,
         return lookupSetPoint(session, runPlace, sada, which, SetKey::RunPlace);
     };
     SetPointTexts texts{.label = field(PointField::Label),
-                        .description = field(PointField::Description),
-                        .place = field(PointField::Place) + " "};
+                        .description = field(PointField::Description)};
     attempt([&] {
         const std::string extIndex = field(PointField::ExtIndex);
         const double side = numberOfDecimalText(lastCharacters(extIndex, 1));
-        texts.place += vratSkelet(session, roundToInt32(side));
+        texts.place = field(PointField::Place) + " " + vratSkelet(session, roundToInt32(side));
     });
     texts.chinese = orEmpty([&] { return vratChinaBodu(session, characters(pictureName, 5, 4)); });
     return texts;

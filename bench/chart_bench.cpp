@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QValueAxis>
 #include <benchmark/benchmark.h>
+
 #include <memory>
 
 namespace {
@@ -32,8 +33,7 @@ vorna::ChartModel sampleModel() {
 void parseOnly(benchmark::State& state) {
     const std::string document = sampleDocument();
     for (auto _ : state)
-        benchmark::DoNotOptimize(
-            vorna::parseChartDocument(document, vorna::samples::columnsType));
+        benchmark::DoNotOptimize(vorna::parseChartDocument(document, vorna::samples::columnsType));
 }
 
 void drawFromDocument(benchmark::State& state) {
@@ -41,8 +41,8 @@ void drawFromDocument(benchmark::State& state) {
     QImage image(pictureSize, QImage::Format_RGB32);
     for (auto _ : state) {
         QPainter painter(&image);
-        vorna::LaidOutChart(
-            vorna::parseChartDocument(document, vorna::samples::columnsType), pictureSize)
+        vorna::LaidOutChart(vorna::parseChartDocument(document, vorna::samples::columnsType),
+                            pictureSize)
             .paint(painter);
         painter.end();
         benchmark::DoNotOptimize(image.constBits());

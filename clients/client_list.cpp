@@ -55,7 +55,8 @@ std::vector<ListRow> readClientRows(Session& session, std::string_view filter) {
 
 void selectClient(Session& session, const ListRow& row) {
     session.currentClientFolder = row.subItem(static_cast<std::size_t>(ClientColumn::Intid));
-    session.klientDatPath = session.clientsFolder / session.currentClientFolder / names::klientDat;
+    session.klientDatPath.clear(); // stays empty when the intid is no folder's name
+    attempt([&] { session.klientDatPath = currentClientFile(session, names::klientDat); });
     session.newClientPending = false;
 }
 

@@ -17,7 +17,7 @@ ListRow measurementRow(std::string_view fileName) {
 
 std::vector<ListRow> measurementRows(const Session& session) {
     std::vector<ListRow> rows;
-    if (session.currentClientFolder.empty())
+    if (isForbiddenFileName(session.currentClientFolder))
         return rows;
     const std::vector<std::string> names =
         listFiles(session.clientsFolder / session.currentClientFolder, names::measurementPattern);

@@ -6,7 +6,9 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 
 find_program(VORNA_CCACHE ccache)
 if(VORNA_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${VORNA_CCACHE})
+  # The sloppiness that ccache needs to keep objects made with a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${VORNA_CCACHE})
 endif()
 
 add_library(vorna_common INTERFACE)
@@ -16,6 +18,8 @@ target_compile_options(vorna_common INTERFACE
   -Wold-style-cast -Woverloaded-virtual
   # A record initialised by name leaves the rest at its defaults on purpose.
   -Wno-missing-field-initializers
+  # g++ 12 warns of an overlap in its own std::string, falsely, once it inlines enough.
+  -Wno-restrict
   $<$<BOOL:${VORNA_WERROR}>:-Werror>)
 if(VORNA_SANITIZE)
   target_compile_options(vorna_common INTERFACE

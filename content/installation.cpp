@@ -77,6 +77,8 @@ public:
     // The starter folder of reports: its page style.
     void layHtml() {
         const fs::path sources = plan_.sources / names::html;
+        if (!isFolder(sources))
+            throw Failure(pathText(sources) + ": the folder is missing");
         const fs::path movedAside = plan_.into / names::htmlMovedAside;
         const bool leave = !plan_.asNew && !isFolder(plan_.into / names::html) &&
                            isFolder(movedAside) && haveSameFiles(sources, movedAside);
@@ -123,7 +125,7 @@ private:
     // The path of a file that is now laid down.
     fs::path place(std::string_view name) {
         laid_.insert(std::string(name));
-        const fs::path path = plan_.into / name;
+        fs::path path = plan_.into / name;
         makeFolder(path.parent_path());
         return path;
     }

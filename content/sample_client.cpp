@@ -99,7 +99,7 @@ LocalTime measurementTime(std::string_view digits, const SourcePlace& place) {
 
 std::int32_t storedValue(const std::string& text, const SourcePlace& place) {
     std::int32_t stored = 0;
-    if (!attempt([&] { stored = roundToInt32(numberOfDecimalText(text)) * shippedKoef; }))
+    if (!attempt([&] { stored = roundToInt32(numberOfDecimalText(text) * shippedKoef); }))
         failAt(place, "\"" + text + "\" is no value");
     return stored;
 }

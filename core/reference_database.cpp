@@ -14,10 +14,11 @@ constexpr const char* resetMeridians =
          "descr-short" = l."j-descr-short", description = l."j-description"
        from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = ?1)";
 constexpr const char* extendShortNameByBlank =
-    R"(update Meridians set shortName = shortName || ' '
+    R"(update Meridians set shortName = coalesce(shortName, '') || ' '
        from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = 2)";
 constexpr const char* extendShortNameByEnglish =
-    R"(update Meridians set shortName = shortName || '/' || l."j-shortName" || ' '
+    R"(update Meridians set shortName =
+         coalesce(shortName, '') || '/' || coalesce(l."j-shortName", '') || ' '
        from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = 2)";
 constexpr std::array restOfSwitch{
     R"(update Elements set elementname = l."j-elementname", elementcolor = l."j-elementcolor"

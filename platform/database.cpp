@@ -91,7 +91,7 @@ bool likeMatches(std::string_view text, std::string_view pattern) {
             ++p;
         } else if (starPattern != std::string_view::npos) {
             p = starPattern + 1;
-            t = ++starText;
+            t = starText += width(text.substr(starText));
         } else {
             return false;
         }

@@ -83,7 +83,9 @@ std::string encodeTextFile(const DecodedText& content, CodePage otherwise) {
         return std::string(byteOrderMark) + content.text;
     if (content.form == Form::Utf8)
         return content.text;
-    return encode(content.text, otherwise).value_or(content.text);
+    // Bytes of the code page that happen to be UTF-8 as well would read back as another text.
+    const std::optional<std::string> bytes = encode(content.text, otherwise);
+    return bytes && decodeTextFile(*bytes, otherwise).text == content.text ? *bytes : content.text;
 }
 
 } // namespace vorna

@@ -11,7 +11,8 @@ enum class CodePage { Windows1250, Windows1251, Cp437 };
 
 bool isUtf8(std::string_view bytes);
 
-// Never fails: a byte that the code page does not define becomes U+FFFD.
+// Never fails: a byte that the code page does not define becomes a control character that is
+// encoded to the same byte again.
 std::string decode(std::string_view bytes, CodePage codePage);
 
 // Nothing when a character is not in the code page.

@@ -23,13 +23,15 @@ void Timer::stop() {
 }
 
 void Timer::fire() {
-    if (entered_)
+    const std::shared_ptr<bool> entered = entered_;
+    if (*entered)
         return;
     if (kind_ == Kind::OneShot)
         stop();
-    entered_ = true;
-    handler_();
-    entered_ = false;
+    *entered = true;
+    const EventLoop::Handler handler = handler_;
+    handler();
+    *entered = false;
 }
 
 } // namespace vorna

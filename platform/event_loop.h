@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
 namespace vorna {
 
@@ -53,7 +54,8 @@ private:
     Kind kind_;
     EventLoop::Handler handler_;
     int number_ = 0;
-    bool entered_ = false;
+    // Whether the handler is on the stack; shared, so that a handler may destroy its timer.
+    std::shared_ptr<bool> entered_ = std::make_shared<bool>(false);
 };
 
 } // namespace vorna

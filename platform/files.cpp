@@ -4,9 +4,9 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <array>
 #include <fcntl.h>
 #include <fstream>
-#include <iterator>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -67,15 +67,15 @@ bool matchesFolded(std::string_view name, std::string_view pattern) {
     std::size_t starPattern = std::string_view::npos;
     std::size_t starName = 0;
     while (n < name.size()) {
-        if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
-            ++n;
-            ++p;
-        } else if (p < pattern.size() && pattern[p] == '*') {
+        if (p < pattern.size() && pattern[p] == '*') { // before all else: a name can hold one too
             starPattern = p++;
             starName = n;
+        } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
+            n += pattern[p] == '?' ? firstCharacters(name.substr(n), 1).size() : 1;
+            ++p;
         } else if (starPattern != std::string_view::npos) {
             p = starPattern + 1;
-            n = ++starName;
+            n = starName += firstCharacters(name.substr(starName), 1).size();
         } else {
             return false;
         }
@@ -92,6 +92,8 @@ void copyEntry(const fs::directory_entry& entry, const fs::path& target) {
         return;
     }
     fs::create_directories(target, error);
+    if (!fs::is_directory(target, error))
+        throw Failure("a folder to copy into cannot be made");
     fs::directory_iterator at(entry.path(), error);
     if (error)
         throw Failure("a folder cannot be copied");
@@ -133,21 +135,25 @@ bool isForbiddenFileName(std::string_view name) {
 }
 
 std::string readWholeFile(const fs::path& path) {
-    std::error_code error;
-    if (fs::is_directory(path, error))
-        throw Failure("a file cannot be read");
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw Failure("a file cannot be read");
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    // read() turns an error of the medium into a bad stream; the stream's iterators let it out.
+    std::string bytes;
+    std::array<char, 65536> part{};
+    do {
+        file.read(part.data(), part.size());
+        bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));
+    } while (file);
     if (file.bad())
         throw Failure("a file cannot be read");
     return bytes;
 }
 
 void writeFileAtomically(const fs::path& path, std::string_view bytes) {
-    fs::path temporary = path;
-    temporary += ".new~";
+    // Of a length of its own: the file's name may be as long as a name can be. One thread writes.
+    const fs::path temporary =
+        path.parent_path() / (".vorna-" + std::to_string(::getpid()) + ".new~");
     {
         const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
         if (!file.isOpen())
@@ -174,7 +180,12 @@ void copyFolderInto(const fs::path& folder, const fs::path& into) {
     std::error_code error;
     if (!fs::is_directory(folder, error))
         throw Failure("a folder to copy does not exist");
-    copyEntry(fs::directory_entry(folder), into / folder.filename());
+    const fs::path from = fs::canonical(folder, error);
+    const fs::path inside = fs::weakly_canonical(into, error).lexically_relative(from);
+    if (!inside.empty() && *inside.begin() != "..")
+        throw Failure("a folder cannot be copied into itself");
+    const fs::path name = folder.has_filename() ? folder.filename() : from.filename();
+    copyEntry(fs::directory_entry(from), into / name);
 }
 
 std::vector<std::string> listFiles(const fs::path& folder, std::string_view pattern) {

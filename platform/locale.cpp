@@ -116,6 +116,8 @@ double numberOfText(const Locale& locale, std::string_view text) {
     const std::size_t decimal = text.find(locale.decimalSeparator);
     const std::size_t whole = std::min({decimal, text.find_first_of("eE"), text.size()});
     std::string plain = ungrouped(text.substr(0, whole), locale.groupSeparator);
+    if (locale.decimalSeparator != "." && plain.find('.') != std::string::npos)
+        throw Failure("a number has another locale's separator");
     std::string_view rest = text.substr(whole);
     if (decimal == whole && decimal != std::string_view::npos && decimal < text.size()) {
         plain += '.';

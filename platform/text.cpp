@@ -5,7 +5,6 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
-#include <cctype>
 
 namespace vorna {
 namespace {
@@ -48,7 +47,8 @@ std::string foldCase(std::string_view text) {
         return toUtf8(fromUtf8(text).foldCase());
     std::string folded(text);
     for (char& c : folded)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (c >= 'A' && c <= 'Z')
+            c = static_cast<char>(c - 'A' + 'a');
     return folded;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/qt/chart_painter.h"
 
 #include <QPainter>
+
 #include <algorithm>
 
 namespace vorna {

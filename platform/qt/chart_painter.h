@@ -10,6 +10,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
+
 #include <string>
 #include <variant>
 
@@ -34,7 +35,9 @@ public:
 
     [[nodiscard]] QSizeF size() const { return size_; }
     // Null when the chart is of the other kind.
-    [[nodiscard]] const ColumnLayout* columns() const { return std::get_if<ColumnLayout>(&layout_); }
+    [[nodiscard]] const ColumnLayout* columns() const {
+        return std::get_if<ColumnLayout>(&layout_);
+    }
     [[nodiscard]] const PieLayout* pie() const { return std::get_if<PieLayout>(&layout_); }
 
 private:

@@ -1,6 +1,7 @@
 #include "platform/qt/chart_parts.h"
 
 #include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 
@@ -56,7 +57,9 @@ QColor toColor(const ChartColour& colour) {
     return QColor(colour.red, colour.green, colour.blue);
 }
 
-bool isPale(const QColor& fill) { return 1.05 / (luminance(fill) + 0.05) < 1.75; }
+bool isPale(const QColor& fill) {
+    return 1.05 / (luminance(fill) + 0.05) < 1.75;
+}
 
 double chartScale(const QSizeF& size) {
     return std::clamp(std::min(size.width() / 745, size.height() / 320), 1.0, 1.5);
@@ -107,9 +110,14 @@ void setBoxLines(ChartBox& box, const QStringList& texts, const ChartFont& font,
 }
 
 void drawBox(QPainter& painter, const ChartBox& box) {
-    painter.setPen(box.border.isValid() ? QPen(box.border, box.borderWidth) : QPen(Qt::NoPen));
+    QRectF rect = box.rect;
+    painter.setPen(Qt::NoPen);
+    if (box.border.isValid()) {
+        painter.setPen(QPen(box.border, box.borderWidth));
+        rect.adjust(0.5, 0.5, -0.5, -0.5); // the border falls on whole pixels
+    }
     painter.setBrush(box.ground);
-    painter.drawRoundedRect(box.rect, box.radius, box.radius);
+    painter.drawRoundedRect(rect, box.radius, box.radius);
     for (const ChartTextLine& line : box.lines)
         drawLine(painter, line);
 }
@@ -128,7 +136,8 @@ std::vector<double> spreadApart(const std::vector<SpreadItem>& items, double gap
     for (const SpreadItem& item : items)
         heights += item.height;
     if (items.size() > 1)
-        gap = std::clamp((bottom - top - heights) / static_cast<double>(items.size() - 1), 1.0, gap);
+        gap =
+            std::clamp((bottom - top - heights) / static_cast<double>(items.size() - 1), 1.0, gap);
 
     std::vector<SpreadBlock> blocks;
     for (const SpreadItem& item : items) {

@@ -9,6 +9,7 @@
 #include <QColor>
 #include <QRectF>
 #include <QSizeF>
+
 #include <optional>
 #include <vector>
 
@@ -48,8 +49,7 @@ struct ChartBox {
 };
 
 // Places the texts in the middle of box.rect, one below the other.
-void setBoxLines(ChartBox& box, const QStringList& texts, const ChartFont& font,
-                 const QColor& ink);
+void setBoxLines(ChartBox& box, const QStringList& texts, const ChartFont& font, const QColor& ink);
 void drawBox(QPainter& painter, const ChartBox& box);
 
 // The colours of value boxes.

@@ -3,6 +3,7 @@
 #include <QFontInfo>
 #include <QPainter>
 #include <QStringList>
+
 #include <algorithm>
 #include <cmath>
 
@@ -48,7 +49,8 @@ QStringList wrappedPieces(const std::vector<Piece>& pieces, const ChartFont& fon
     QString line;
     for (const Piece& piece : pieces) {
         const QString longer =
-            line.isEmpty() ? piece.text : line + QLatin1String(piece.blankBefore ? " " : "") + piece.text;
+            line.isEmpty() ? piece.text
+                           : line + QLatin1String(piece.blankBefore ? " " : "") + piece.text;
         if (!line.isEmpty() && font.width(longer) > width) {
             lines.append(line);
             line = piece.text;
@@ -72,20 +74,20 @@ double ChartFont::width(const QString& text) const {
 
 ChartFonts::ChartFonts(const std::string& textFamily, const std::string& headingFamily,
                        double scale)
-    : textFamily_(presentFamily(textFamily.empty() ? u"Arial"_qs : chartText(textFamily),
-                                {u"Arial"_qs, u"Liberation Sans"_qs, u"Noto Sans"_qs,
-                                 u"DejaVu Sans"_qs})),
-      headingFamily_(
-          presentFamily(headingFamily.empty() ? u"Verdana"_qs : chartText(headingFamily),
-                        {u"Verdana"_qs, u"DejaVu Sans"_qs, u"Noto Sans"_qs})),
+    : textFamily_(
+          presentFamily(textFamily.empty() ? u"Arial"_qs : chartText(textFamily),
+                        {u"Arial"_qs, u"Liberation Sans"_qs, u"Noto Sans"_qs, u"DejaVu Sans"_qs})),
+      headingFamily_(presentFamily(headingFamily.empty() ? u"Verdana"_qs : chartText(headingFamily),
+                                   {u"Verdana"_qs, u"DejaVu Sans"_qs, u"Noto Sans"_qs})),
       scale_(scale) {}
 
 const ChartFont& ChartFonts::get(ChartFace face, double size, bool bold) {
-    const Key key{face, std::max(qRound(size * scale_), 1), bold};
+    const int pixels = std::max(qRound(size * scale_), 1);
+    const Key key{face, pixels, bold};
     if (const auto found = fonts_.find(key); found != fonts_.end())
         return found->second;
     QFont font(face == ChartFace::heading ? headingFamily_ : textFamily_);
-    font.setPixelSize(key.pixels);
+    font.setPixelSize(pixels);
     font.setBold(bold);
     // The same widths on the screen, in a picture of any density and in a drawing of lines.
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -101,12 +103,11 @@ QString chartText(std::string_view text) {
     return result.simplified();
 }
 
-QString elided(const QString& text, const ChartFont& font, double width,
-               Qt::TextElideMode place) {
+QString elided(const QString& text, const ChartFont& font, double width, Qt::TextElideMode place) {
     if (font.width(text) <= width)
         return text;
     const QString cut = font.cut(text, place, std::max(width, 0.0));
-    return font.width(cut) <= width ? cut : QString();
+    return cut.size() > 1 && font.width(cut) <= width ? cut : QString();
 }
 
 QString tidyLabel(const QString& label) {

@@ -8,9 +8,11 @@
 #include <QHash>
 #include <QPointF>
 #include <QString>
+
 #include <map>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 class QPainter;
@@ -62,12 +64,7 @@ public:
     [[nodiscard]] double scale() const { return scale_; }
 
 private:
-    struct Key {
-        ChartFace face;
-        int pixels;
-        bool bold;
-        auto operator<=>(const Key&) const = default;
-    };
+    using Key = std::tuple<ChartFace, int, bool>; // face, pixels, bold
 
     QString textFamily_;
     QString headingFamily_;
@@ -79,7 +76,8 @@ private:
 // control characters one blank, none at the ends.
 QString chartText(std::string_view text);
 
-// The text with an ellipsis where it is wider than `width`; empty when not even that fits.
+// The text with an ellipsis where it is wider than `width`; empty when not even one character
+// fits beside it.
 QString elided(const QString& text, const ChartFont& font, double width,
                Qt::TextElideMode place = Qt::ElideRight);
 

@@ -7,6 +7,7 @@
 
 #include <QRectF>
 #include <QSizeF>
+
 #include <string>
 #include <vector>
 
@@ -33,11 +34,11 @@ struct SeparatorLine {
 struct ColumnBar {
     std::size_t category = 0;
     std::size_t series = 0;
-    QRectF rect;        // from the value, or the canvas' top, down to the axis
-    QColor fill;        // with the series' opacity
-    QColor outline;     // invalid: none
-    bool cut = false;   // the value lies above the axis
-    double zigzag = 0;  // y of the cut's mark
+    QRectF rect;       // from the value, or the canvas' top, down to the axis
+    QColor fill;       // with the series' opacity
+    QColor outline;    // invalid: none
+    bool cut = false;  // the value lies above the axis
+    double zigzag = 0; // y of the cut's mark
     std::string toolText;
 };
 

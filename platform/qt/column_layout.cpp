@@ -1,3 +1,4 @@
+#include "platform/qt/category_labels.h"
 #include "platform/qt/column_chart.h"
 #include "platform/qt/value_boxes.h"
 
@@ -12,13 +13,23 @@ constexpr std::size_t maxColumns = 400;
 constexpr std::array<QRgb, 6> palette{0xff0082fb, 0xfffb5f55, 0xff17ab0c,
                                       0xffff9900, 0xff7a5cd6, 0xff00aadb};
 
-QString numberText(double value) { return QString::number(value, 'g', 10); }
+QString numberText(double value) {
+    return QString::number(value, 'g', 10);
+}
 
 std::size_t columnCount(const ChartModel& model) {
     std::size_t count = model.categories.size();
     for (const ChartSeries& series : model.series)
         count = std::max(count, series.values.size());
     return std::min(count, maxColumns);
+}
+
+std::vector<QString> categoryTexts(const ChartModel& model, std::size_t count) {
+    std::vector<QString> texts;
+    for (const std::string& category : model.categories)
+        texts.push_back(tidyLabel(chartText(category)));
+    texts.resize(count);
+    return texts;
 }
 
 QColor seriesColor(const ChartModel& model, std::size_t index) {
@@ -35,92 +46,6 @@ QColor outlineOf(const ChartModel& model, const QColor& fill) {
         return toColor(*model.plotBorder);
     return isPale(fill) ? QColor(outlineInk) : QColor();
 }
-
-// The texts below the axis, cut to lines, with the types they are set in.
-struct LabelPlan {
-    std::vector<std::vector<LabelLine>> lines;
-    std::vector<bool> cut;
-    double size = 0; // of the main type at scale 1
-    double bracketSize = 0;
-    std::size_t rows = 0;
-};
-
-class LabelFitter {
-public:
-    LabelFitter(const ChartModel& model, ChartFonts& fonts, std::size_t count, double width)
-        : fonts_(fonts), width_(width), largest_(model.labelSize) {
-        for (std::size_t i = 0; i < count; ++i)
-            labels_.push_back(
-                tidyLabel(i < model.categories.size() ? chartText(model.categories[i]) : ""));
-    }
-
-    // The largest type of which no label needs more than two lines; below 11 words break as well,
-    // and at last what is too wide is cut.
-    LabelPlan fit() {
-        constexpr double small = 11;
-        constexpr double smallest = 9;
-        for (double size = std::max(largest_, small); size >= small; size -= 1)
-            if (LabelPlan plan = planFor(size, false); plan.rows <= 2 && fits(plan))
-                return plan;
-        for (double size = small; size > smallest; size -= 1)
-            if (LabelPlan plan = planFor(size, true); plan.rows <= 3 && fits(plan))
-                return plan;
-        LabelPlan plan = planFor(smallest, true);
-        cutDown(plan);
-        return plan;
-    }
-
-private:
-    LabelFonts fontsOf(const LabelPlan& plan) {
-        return {fonts_.get(ChartFace::text, plan.size, false),
-                fonts_.get(ChartFace::text, plan.bracketSize, false)};
-    }
-
-    LabelPlan planFor(double size, bool breakWords) {
-        LabelPlan plan;
-        plan.size = size;
-        plan.bracketSize = std::min(size, std::clamp(size - 1, 11.0, 12.0));
-        plan.cut.assign(labels_.size(), false);
-        for (const QString& label : labels_) {
-            plan.lines.push_back(wrapped(label, fontsOf(plan), width_, breakWords));
-            plan.rows = std::max(plan.rows, plan.lines.back().size());
-        }
-        return plan;
-    }
-
-    bool fits(const LabelPlan& plan) {
-        const LabelFonts fonts = fontsOf(plan);
-        for (const auto& lines : plan.lines)
-            for (const LabelLine& line : lines)
-                if (fonts.of(line).width(line.text) > width_)
-                    return false;
-        return true;
-    }
-
-    void cutDown(LabelPlan& plan) {
-        constexpr std::size_t mostRows = 3;
-        const LabelFonts fonts = fontsOf(plan);
-        for (std::size_t i = 0; i < plan.lines.size(); ++i) {
-            auto& lines = plan.lines[i];
-            if (lines.size() > mostRows) {
-                lines.resize(mostRows);
-                lines.back().text += u"…";
-                plan.cut[i] = true;
-            }
-            for (LabelLine& line : lines) {
-                const QString whole = line.text;
-                line.text = elided(whole, fonts.of(line), width_);
-                plan.cut[i] = plan.cut[i] || line.text != whole;
-            }
-        }
-        plan.rows = std::min(plan.rows, mostRows);
-    }
-
-    ChartFonts& fonts_;
-    double width_;
-    double largest_;
-    std::vector<QString> labels_;
-};
 
 class ColumnLayouter {
 public:
@@ -167,10 +92,9 @@ private:
     }
 
     [[nodiscard]] bool anySeparatorLabel() const {
-        return std::any_of(model_.separators.begin(), model_.separators.end(),
-                           [](const ChartSeparator& separator) {
-                               return !chartText(separator.label).isEmpty();
-                           });
+        return std::any_of(
+            model_.separators.begin(), model_.separators.end(),
+            [](const ChartSeparator& separator) { return !chartText(separator.label).isEmpty(); });
     }
 
     [[nodiscard]] bool hasLegend() const {
@@ -203,17 +127,17 @@ private:
         const double left = std::round(leftMargin());
         const double right = std::round(size_.width() - rightMargin());
         const double slot = (right - left) / static_cast<double>(std::max<std::size_t>(count_, 1));
-        labels_ = LabelFitter(model_, fonts_, count_, slot - 3).fit();
+        labels_ = planLabels(categoryTexts(model_, count_), {model_.labelSize, slot - 3}, fonts_);
 
         arrowRoom_ = anyCut() ? 9 * s_ : 0;
         const double tagRoom = anySeparatorLabel() ? 17 * s_ : 0;
-        const double top = std::round(out_.header.bottom +
-                                      std::max(10 * s_, arrowRoom_ + tagRoom + 4 * s_));
+        const double top =
+            std::round(out_.header.bottom + std::max(10 * s_, arrowRoom_ + tagRoom + 4 * s_));
         legendHeight_ = hasLegend() ? 26 * s_ : 6 * s_;
         double labelHeight = (labels_.size + 3) * s_ * static_cast<double>(labels_.rows) + 8 * s_;
         if (size_.height() - top - legendHeight_ - labelHeight < 40) {
             legendHeight_ = 0; // too low a drawing for more than the bars
-            labelHeight = 2;
+            labelHeight = 8 * s_;
             labels_.lines.clear();
         }
         const double bottom = std::round(size_.height() - legendHeight_ - labelHeight);
@@ -223,14 +147,17 @@ private:
 
     void layOutGrid() {
         const ChartFont& font = fonts_.get(ChartFace::text, 12.5, false);
+        double free = size_.height(); // above the last number
         for (int line = 0; line <= model_.divisionLines + 1; ++line) {
             const double y = yOf(model_.axisMaximum * line / (model_.divisionLines + 1));
             const QString number = gridNumber(line);
             ChartTextLine text = centredLine(number, font, 0, y + font.capHeight() / 2);
             text.baseline.setX(out_.canvas.left() - 7 * s_ - text.width);
             text.colour = mutedInk;
-            if (text.baseline.x() < 0 || (line > 0 && out_.grid.back().y - y < font.capHeight() + 2))
+            if (text.baseline.x() < 0 || text.baseline.y() > free)
                 text.text.clear();
+            else
+                free = text.baseline.y() - font.font().pixelSize();
             out_.grid.push_back({y, text});
         }
     }
@@ -345,8 +272,8 @@ private:
 
     void layOutSlot(std::size_t category) {
         out_.slotRects.emplace_back(slotLeft(category), out_.canvas.top(),
-                                slotLeft(category + 1) - slotLeft(category),
-                                out_.canvas.height());
+                                    slotLeft(category + 1) - slotLeft(category),
+                                    out_.canvas.height());
         SlotRoom room{.rect = out_.slotRects.back(), .bars = barColumns(category)};
         std::vector<ValueBoxWish> wishes;
         const std::size_t firstBar = out_.bars.size();
@@ -372,7 +299,7 @@ private:
 
     // A bar that is cut always tells its true value, since its height does not.
     [[nodiscard]] QString valueText(const ChartValue& value) const {
-        const QString number = numberText(value.value);
+        QString number = numberText(value.value);
         if (!value.displayValue)
             return number;
         const QString text = chartText(*value.displayValue);
@@ -425,8 +352,7 @@ private:
     }
 
     void layOutLabels() {
-        const LabelFonts fonts{fonts_.get(ChartFace::text, labels_.size, false),
-                               fonts_.get(ChartFace::text, labels_.bracketSize, false)};
+        const LabelFonts fonts = labelFonts(labels_, fonts_);
         for (std::size_t i = 0; i < labels_.lines.size(); ++i) {
             CategoryLabel label;
             const double centre = out_.slotRects[i].center().x();

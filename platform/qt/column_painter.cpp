@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+
 #include <algorithm>
 
 namespace vorna {
@@ -58,8 +59,7 @@ void paintSeparators(QPainter& painter, const ColumnLayout& layout) {
 
 QPainterPath barShape(const ColumnBar& bar, double scale) {
     const QRectF& r = bar.rect;
-    const double radius =
-        bar.cut ? 0 : std::min({3 * scale, r.width() / 3, r.height()});
+    const double radius = bar.cut ? 0 : std::min({3 * scale, r.width() / 3, r.height()});
     QPainterPath shape(r.bottomLeft());
     shape.lineTo(r.left(), r.top() + radius);
     shape.quadTo(r.left(), r.top(), r.left() + radius, r.top());
@@ -117,9 +117,8 @@ void paintBars(QPainter& painter, const ColumnLayout& layout, const QColor& pape
 }
 
 void paintAxis(QPainter& painter, const ColumnLayout& layout) {
-    painter.fillRect(
-        QRectF(layout.canvas.left(), layout.canvas.bottom(), layout.canvas.width(), 1),
-        QColor(axisInk));
+    painter.fillRect(QRectF(layout.canvas.left(), layout.canvas.bottom(), layout.canvas.width(), 1),
+                     QColor(axisInk));
 }
 
 void paintMeans(QPainter& painter, const ColumnLayout& layout) {

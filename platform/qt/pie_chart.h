@@ -10,6 +10,7 @@
 #include <QPolygonF>
 #include <QRectF>
 #include <QSizeF>
+
 #include <numbers>
 #include <string>
 #include <vector>
@@ -31,7 +32,8 @@ struct PieSlice {
 };
 
 // The label of one slice: its box, and the leader from the dot at the rim over one bend to the
-// box. The label of a slice without value has a sample of its colour in the box instead.
+// box. The label of a slice too thin to point at, or to which no clear way leads, has a sample of
+// its colour in the box instead.
 struct PieLabel {
     std::size_t slice = 0;
     ChartBox box;

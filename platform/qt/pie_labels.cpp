@@ -5,8 +5,8 @@
 namespace vorna {
 namespace {
 
-// A hyphen that stands for a minus becomes one; a single letter keeps to the word behind it, and the
-// number at the end to the word before.
+// A hyphen that stands for a minus becomes one; a single letter keeps to the word behind it, and
+// the number at the end to the word before.
 QString typeset(QString text) {
     for (qsizetype i = 0; i + 1 < text.size(); ++i)
         if (text[i] == u'-' && text[i + 1].isDigit() && (i == 0 || text[i - 1] == u' '))
@@ -28,8 +28,8 @@ QString valueText(const ChartModel& model, const ChartValue& slice, double total
 }
 
 QString labelText(const ChartModel& model, const ChartValue& slice, double total) {
-    const bool hidden = !slice.shown.value_or(true) ||
-                        (total > 0 && slice.value <= 0 && !model.showZeroSlices);
+    const bool hidden =
+        !slice.shown.value_or(true) || (total > 0 && slice.value <= 0 && !model.showZeroSlices);
     if (hidden)
         return {};
     if (slice.displayValue)

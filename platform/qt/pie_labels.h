@@ -6,6 +6,7 @@
 #include "platform/qt/chart_text.h"
 
 #include <QStringList>
+
 #include <vector>
 
 namespace vorna {

@@ -1,5 +1,6 @@
 #include "platform/qt/pie_chart.h"
 #include "platform/qt/pie_labels.h"
+#include "platform/qt/pie_leaders.h"
 
 #include <algorithm>
 #include <array>
@@ -17,7 +18,12 @@ constexpr std::array<QRgb, 8> palette{0xff0082fb, 0xfffb5f55, 0xff17ab0c, 0xffff
 // What the labels leave of the radius that the pie would have without them, at least.
 constexpr double smallestShare = 0.33;
 
-QPointF direction(double angle) { return {std::cos(angle), -std::sin(angle)}; }
+// A slice with less of the rim than this is not pulled out, and no leader points at it.
+constexpr double thinnest = 4;
+
+QPointF direction(double angle) {
+    return {std::cos(angle), -std::sin(angle)};
+}
 
 // The texts grow with both sides of the drawing, since labels stand beside the pie.
 double pieScale(const QSizeF& size) {
@@ -41,21 +47,26 @@ public:
     // True when the labels leave the pie a fair share of the drawing.
     [[nodiscard]] bool isRoomy() const { return radius_ >= 0.55 * roomRadius(); }
 
+    // A leader without a clear way tries the other bend and then gives way to a sample of the
+    // slice's colour.
     PieLayout layOut() {
-        const double reach = radius_ + ring();
-        const double left = sideWidth(false) + edge() + reach;
-        const double right = size_.width() - sideWidth(true) - edge() - reach;
-        out_.radius = radius_;
-        out_.centre = QPointF(std::clamp(size_.width() / 2, std::min(left, right),
-                                         std::max(left, right)),
-                              (top_ + bottom_) / 2);
-        placeSlices();
-        for (const bool onRight : {false, true})
-            placeSide(onRight);
-        return std::move(out_);
+        for (;;) {
+            place();
+            const std::vector<std::size_t> entangled = entangledSlices(out_);
+            if (entangled.empty())
+                return std::move(out_);
+            for (const std::size_t slice : entangled)
+                links_[slice] =
+                    links_[slice] == Link::roundBend ? Link::straightBend : Link::sample;
+            chooseSetting();
+        }
     }
 
 private:
+    // What ties a label to its slice: a leader that bends on a circle round the pie, one that
+    // leaves the rim at a right angle, or a sample of the colour.
+    enum class Link { roundBend, straightBend, sample };
+
     // A label on its way to its place; `angle` is where its leader leaves the rim.
     struct Draft {
         std::size_t slice = 0;
@@ -74,6 +85,20 @@ private:
         return std::min(high, size_.width() / 2 - pull_ - edge());
     }
 
+    void place() {
+        const double reach = radius_ + ring();
+        const double left = sideWidth(false) + edge() + reach;
+        const double right = size_.width() - sideWidth(true) - edge() - reach;
+        out_.radius = radius_;
+        out_.centre =
+            QPointF(std::clamp(size_.width() / 2, std::min(left, right), std::max(left, right)),
+                    (top_ + bottom_) / 2);
+        placeSlices();
+        out_.labels.clear();
+        for (const bool onRight : {false, true})
+            placeSide(onRight);
+    }
+
     void cutAngles() {
         double total = 0;
         for (const ChartValue& slice : model_.slices)
@@ -84,7 +109,8 @@ private:
             const ChartValue& value = model_.slices[i];
             const double part = out_.empty ? 1.0 / static_cast<double>(model_.slices.size())
                                            : std::max(value.value, 0.0) / total;
-            QColor fill = value.colour ? toColor(*value.colour) : QColor(palette[i % palette.size()]);
+            QColor fill =
+                value.colour ? toColor(*value.colour) : QColor(palette[i % palette.size()]);
             out_.slices.push_back({.from = angle,
                                    .span = part * 2 * pi,
                                    .apex = {},
@@ -93,15 +119,20 @@ private:
                                    .outlined = isPale(fill),
                                    .toolText = value.toolText});
             angle += part * 2 * pi;
+            links_.push_back(isThin(i) ? Link::sample : Link::roundBend);
+        }
+        for (std::size_t i = 0; i < out_.slices.size(); ++i)
             if (isPulled(i))
                 pull_ = model_.slicingDistance * s_;
-        }
         pull_ = std::min(pull_, 0.12 * std::max(bottom_ - top_, 0.0));
     }
 
+    [[nodiscard]] bool isThin(std::size_t slice) const {
+        return out_.empty || out_.slices[slice].span * roomRadius() < thinnest * s_;
+    }
+
     [[nodiscard]] bool isPulled(std::size_t slice) const {
-        return model_.slices[slice].sliced && !out_.empty && model_.slices[slice].value > 0 &&
-               !out_.slices[slice].isWhole();
+        return model_.slices[slice].sliced && !isThin(slice) && !out_.slices[slice].isWhole();
     }
 
     [[nodiscard]] bool isOnRight(std::size_t slice) const {
@@ -144,10 +175,7 @@ private:
         return lines_[slice].isEmpty() ? 0 : std::ceil(widest + 10 * s_ + sampleRoom(slice));
     }
 
-    // A slice without value has nothing for a leader to begin at; its label shows its colour.
-    [[nodiscard]] bool hasSample(std::size_t slice) const {
-        return out_.empty || model_.slices[slice].value <= 0;
-    }
+    [[nodiscard]] bool hasSample(std::size_t slice) const { return links_[slice] == Link::sample; }
 
     [[nodiscard]] double sampleRoom(std::size_t slice) const {
         return hasSample(slice) ? 13 * s_ : 0;
@@ -190,6 +218,7 @@ private:
         for (std::size_t i = 0; i < out_.slices.size(); ++i) {
             PieSlice& slice = out_.slices[i];
             slice.apex = out_.centre;
+            slice.shape.clear();
             if (isPulled(i))
                 slice.apex += direction(slice.middle()) * pull_;
             if (out_.empty || slice.span <= 0)
@@ -220,9 +249,8 @@ private:
         std::vector<Draft> drafts;
         for (std::size_t i = 0; i < lines_.size(); ++i)
             if (isOnRight(i) == onRight && !lines_[i].isEmpty())
-                drafts.push_back({.slice = i,
-                                  .angle = out_.slices[i].middle(),
-                                  .height = heightOf(lines_[i])});
+                drafts.push_back(
+                    {.slice = i, .angle = out_.slices[i].middle(), .height = heightOf(lines_[i])});
         if (onRight)
             std::reverse(drafts.begin(), drafts.end());
         std::stable_sort(drafts.begin(), drafts.end(), [&](const Draft& a, const Draft& b) {
@@ -245,11 +273,10 @@ private:
             return height;
         };
         while (!drafts.empty() && needed() > bottom_ - top_)
-            drafts.erase(std::min_element(drafts.begin(), drafts.end(),
-                                          [&](const Draft& a, const Draft& b) {
-                                              return model_.slices[a.slice].value <
-                                                     model_.slices[b.slice].value;
-                                          }));
+            drafts.erase(
+                std::min_element(drafts.begin(), drafts.end(), [&](const Draft& a, const Draft& b) {
+                    return model_.slices[a.slice].value < model_.slices[b.slice].value;
+                }));
     }
 
     // Leaders of thin slices leave the rim a little apart from each other.
@@ -272,9 +299,10 @@ private:
     void spreadBoxes(std::vector<Draft>& drafts) const {
         const double bend = radius_ + pull_ + bendGap();
         std::vector<SpreadItem> items;
+        items.reserve(drafts.size());
         for (const Draft& draft : drafts)
-            items.push_back({.wanted = out_.centre.y() - bend * std::sin(draft.angle),
-                             .height = draft.height});
+            items.push_back(
+                {.wanted = out_.centre.y() - bend * std::sin(draft.angle), .height = draft.height});
         const auto middles = spreadApart(items, 5 * s_, top_, bottom_);
         for (std::size_t i = 0; i < drafts.size(); ++i)
             drafts[i].middle = out_.centre.y() - middles[i];
@@ -302,25 +330,40 @@ private:
         out_.labels.push_back(std::move(label));
     }
 
-    // From the dot at the rim over one bend to the box. The bend lies on a circle round the whole
-    // pie, but never nearer to the middle than the dot, and so that the slanting part stays off
-    // the rim.
+    // From the dot at the rim over one bend to the box, the last part horizontal.
     [[nodiscard]] QPolygonF leaderOf(const Draft& draft, bool onRight, const QPointF& end) const {
         const double side = onRight ? 1 : -1;
-        const QPointF dot = out_.slices[draft.slice].apex +
-                            direction(draft.angle) * (radius_ + 2.5 * s_);
-        const double dotX = (dot.x() - out_.centre.x()) * side;
-        const double dotY = out_.centre.y() - dot.y();
+        const QPointF dot =
+            out_.slices[draft.slice].apex + direction(draft.angle) * (radius_ + 2.5 * s_);
+        const QPointF fromCentre((dot.x() - out_.centre.x()) * side, out_.centre.y() - dot.y());
         const double height = out_.centre.y() - end.y();
-        const double bend = radius_ + pull_ + bendGap();
-        double x = std::sqrt(std::max(bend * bend - height * height, 0.0));
-        x = std::max(x, dotX);
+        const double x = links_[draft.slice] == Link::straightBend
+                             ? straightBend(draft, fromCentre, height)
+                             : roundBend(draft, fromCentre, height);
+        const double furthest = radius_ + ring() - 4 * s_;
+        return {{dot, QPointF(out_.centre.x() + side * std::min(x, furthest), end.y()), end}};
+    }
+
+    // The bend's distance from the vertical through the centre, for a dot and a height relative to
+    // the centre (outwards and upwards): on a circle round the whole pie, but never nearer than the
+    // dot, and so that the slanting part stays off the rim.
+    [[nodiscard]] double roundBend(const Draft& draft, const QPointF& dot, double height) const {
+        const double circle = radius_ + pull_ + bendGap();
+        const double x =
+            std::max(std::sqrt(std::max(circle * circle - height * height, 0.0)), dot.x());
         const double across = std::abs(std::cos(draft.angle));
         const double up = std::sin(draft.angle);
-        if (across > 0.05)
-            x = std::max(x, (dotX * across + dotY * up + 1 - height * up) / across);
-        x = std::min(x, radius_ + ring() - 4 * s_);
-        return {{dot, QPointF(out_.centre.x() + side * x, end.y()), end}};
+        if (across < 0.05)
+            return x;
+        return std::max(x, (dot.x() * across + dot.y() * up + 1 - height * up) / across);
+    }
+
+    // As above, where the line from the centre through the dot comes to that height.
+    [[nodiscard]] static double straightBend(const Draft& draft, const QPointF& dot,
+                                             double height) {
+        const double up = std::sin(draft.angle);
+        const double rise = (height - dot.y()) / (std::abs(up) < 0.05 ? 0.05 : up);
+        return dot.x() + std::max(rise, 0.0) * std::abs(std::cos(draft.angle));
     }
 
     const ChartModel& model_;
@@ -328,7 +371,8 @@ private:
     double s_;
     ChartFonts fonts_;
     std::vector<QString> texts_;
-    std::vector<QStringList> lines_;
+    std::vector<QStringList> lines_; // of each slice's label, as set
+    std::vector<Link> links_;
     PieLabelSetting setting_;
     double top_ = 0;
     double bottom_ = 0;

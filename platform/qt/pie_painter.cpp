@@ -1,6 +1,7 @@
 #include "platform/qt/pie_chart.h"
 
 #include <QPainter>
+
 #include <cmath>
 
 namespace vorna {
@@ -52,8 +53,8 @@ void paintSlices(QPainter& painter, const PieLayout& layout, const QColor& paper
 void paintLabel(QPainter& painter, const PieLabel& label, const PieLayout& layout) {
     if (!label.leader.isEmpty()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(QColor(fineInk), 1.1 * layout.scale, Qt::SolidLine, Qt::FlatCap,
-                            Qt::RoundJoin));
+        painter.setPen(
+            QPen(QColor(fineInk), 1.1 * layout.scale, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
         painter.drawPolyline(label.leader);
         painter.setPen(Qt::NoPen);
         painter.setBrush(QColor(fineInk));

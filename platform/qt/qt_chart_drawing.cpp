@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QSvgGenerator>
+
 #include <cstdint>
 #include <fstream>
 #include <string>

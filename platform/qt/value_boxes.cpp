@@ -52,9 +52,9 @@ private:
     }
 
     void clamp(Draft& draft) const {
-        draft.centre = std::clamp(draft.centre, room_.rect.left() + draft.width / 2,
-                                  std::max(room_.rect.right() - draft.width / 2,
-                                           room_.rect.left() + draft.width / 2));
+        draft.centre = std::clamp(
+            draft.centre, room_.rect.left() + draft.width / 2,
+            std::max(room_.rect.right() - draft.width / 2, room_.rect.left() + draft.width / 2));
     }
 
     Draft draftOf(const ValueBoxWish& wish) {
@@ -91,8 +91,7 @@ private:
                 first ? bar.right() - room_.rect.left() : room_.rect.right() - bar.left();
             if (draft.width > outwards && draft.size > narrowSize)
                 resize(draft, narrowSize);
-            draft.centre =
-                first ? bar.right() - draft.width / 2 : bar.left() + draft.width / 2;
+            draft.centre = first ? bar.right() - draft.width / 2 : bar.left() + draft.width / 2;
         }
         clamp(draft);
     }
@@ -105,9 +104,9 @@ private:
             resize(right, std::min(right.size, narrowSize));
         }
         if (left.width + right.width + 1 <= room) {
-            const double border = std::clamp((left.centre + right.centre) / 2,
-                                             room_.rect.left() + left.width + 0.5,
-                                             room_.rect.right() - right.width - 0.5);
+            const double border =
+                std::clamp((left.centre + right.centre) / 2, room_.rect.left() + left.width + 0.5,
+                           room_.rect.right() - right.width - 0.5);
             left.centre = std::min(left.centre, border - left.width / 2 - 0.5);
             right.centre = std::max(right.centre, border + right.width / 2 + 0.5);
             clamp(left);

@@ -6,6 +6,7 @@
 
 #include <QRectF>
 #include <QString>
+
 #include <vector>
 
 namespace vorna {

@@ -8,12 +8,7 @@ namespace {
 
 TEST(MeasurementName, IsReadByPositionsAndMarks) {
     struct Case {
-        const char* rule;
-        const char* name;
-        const char* date;
-        const char* kind;
-        const char* practitioner;
-        const char* mode;
+        const char *rule, *name, *date, *kind, *practitioner, *mode;
     };
     constexpr const char* date = "31.01.2025 14:30:05";
     const Case cases[] = {

@@ -57,8 +57,7 @@ TEST_F(MeasurementSavingTest, BoxesGoToTheSlotsOfTheirSet) {
 
 TEST_F(MeasurementSavingTest, ABoxIsStoredTimesTheCoefficientOrStays0) {
     struct Case {
-        const char* rule;
-        const char* box;
+        const char *rule, *box;
         std::int16_t koef;
         std::int32_t stored;
     };

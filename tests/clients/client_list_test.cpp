@@ -56,11 +56,7 @@ TEST(ClientList, ARowShowsTheClientAndTheNewestMeasurement) {
 
 TEST(ClientList, OddRowsLoseNoOthers) {
     struct Case {
-        const char* rule;
-        const char* intid;
-        const char* zalozeni;
-        const char* lastVisit;
-        const char* founded;
+        const char *rule, *intid, *zalozeni, *lastVisit, *founded;
     };
     const Case cases[] = {
         {"no folder", "b1", "1.1.2025 9:05", "", "1.1.2025 9:05"},

@@ -15,9 +15,13 @@ constexpr std::string_view styleBlock =
     "color='FFFFFF' bold='1' bgColor='666666' borderColor='666666'/> </definition> <application> "
     "<apply toObject='DataValues' styles='myValuesFont' /> </application> </styles> ";
 
-std::string number(long value) { return std::to_string(value); }
+std::string number(long value) {
+    return std::to_string(value);
+}
 
-int at(const Values& values, int index) { return values[static_cast<std::size_t>(index)]; }
+int at(const Values& values, int index) {
+    return values[static_cast<std::size_t>(index)];
+}
 
 std::string closing(int titleSize) {
     return std::string(styleBlock) +
@@ -38,11 +42,13 @@ std::string trendLines(int mean, int low, int high) {
 }
 
 std::string headTail(const Texts& texts, std::size_t title, int palette) {
-    return "subcaption='" + texts.subcaption + "' caption='" + texts.titles[title] +
-           "' palette='" + number(palette) + "'>";
+    return "subcaption='" + texts.subcaption + "' caption='" + texts.titles[title] + "' palette='" +
+           number(palette) + "'>";
 }
 
-std::string category(const std::string& label) { return "<category label=\"" + label + "\" />"; }
+std::string category(const std::string& label) {
+    return "<category label=\"" + label + "\" />";
+}
 
 int mean(const Values& values, const std::vector<int>& channels) {
     double sum = 0;
@@ -104,8 +110,14 @@ Values allEqual(int value) {
 
 std::vector<Texts> allTexts() {
     return {
-        {"cs", "Nováková_Jana, 12.10.2026 09:42, P – prameny, Mgr. Eva Horáková", "Průměr", "jin",
-         "jang", "vlevo", "vpravo", "podíl",
+        {"cs",
+         "Nováková_Jana, 12.10.2026 09:42, P – prameny, Mgr. Eva Horáková",
+         "Průměr",
+         "jin",
+         "jang",
+         "vlevo",
+         "vpravo",
+         "podíl",
          {"S/HT ", "TeS/SI ", "OS/PC ", "TO/TE ", "P/LU ", "TS/LI ", "MM/BL ", "L/KI ", "Žl/GB ",
           "J/LR ", "Ž/ST ", "SS/SP "},
          {"Dřevo", "Oheň", "Země", "Kov", "Voda"},
@@ -114,8 +126,14 @@ std::vector<Texts> allTexts() {
           "P ťüe-jin, šao-jang", "L ťüe-jin, šao-jang", "P šao-jin, tchaj-jang"},
          {"DRÁHY – LEVÁ A PRAVÁ STRANA", "DRÁHY – JIN A JANG", "PĚT PRVKŮ", "BILANCE TĚLA",
           "ENERGETICKÉ OKRUHY", "KVADRANTY"}},
-        {"en", "Nováková_Jana, 10/12/2026 09:42, P – source points, Eva Horáková", "Mean", "yin",
-         "yang", "left", "right", "share",
+        {"en",
+         "Nováková_Jana, 10/12/2026 09:42, P – source points, Eva Horáková",
+         "Mean",
+         "yin",
+         "yang",
+         "left",
+         "right",
+         "share",
          {"HT ", "SI ", "PC ", "TE ", "LU ", "LI ", "BL ", "KI ", "GB ", "LR ", "ST ", "SP "},
          {"Wood", "Fire", "Earth", "Metal", "Water"},
          {"yin and yang", "left and right", "upper and lower"},
@@ -123,8 +141,14 @@ std::vector<Texts> allTexts() {
           "L jueyin, shaoyang", "R shaoyin, taiyang"},
          {"MERIDIANS – LEFT AND RIGHT SIDE", "MERIDIANS – YIN AND YANG", "FIVE ELEMENTS",
           "BALANCE OF THE BODY", "ENERGY CIRCUITS", "QUADRANTS"}},
-        {"de", "Schönbrunner_Margarethe, 12.10.2026 09:42, P – Quellpunkte, Dr. Eva Winter",
-         "Mittel", "Yin", "Yang", "links", "rechts", "Anteil",
+        {"de",
+         "Schönbrunner_Margarethe, 12.10.2026 09:42, P – Quellpunkte, Dr. Eva Winter",
+         "Mittel",
+         "Yin",
+         "Yang",
+         "links",
+         "rechts",
+         "Anteil",
          {"He/HT ", "Dü/SI ", "Pe/PC ", "3E/TE ", "Lu/LU ", "Di/LI ", "Bl/BL ", "Ni/KI ", "Gb/GB ",
           "Le/LR ", "Ma/ST ", "MP/SP "},
          {"Holz", "Feuer", "Erde", "Metall", "Wasser"},
@@ -133,8 +157,14 @@ std::vector<Texts> allTexts() {
           "L Jueyin, Shaoyang", "R Shaoyin, Taiyang"},
          {"MERIDIANE – LINKE UND RECHTE KÖRPERSEITE", "MERIDIANE – YIN UND YANG",
           "FÜNF WANDLUNGSPHASEN", "KÖRPERBILANZ", "ENERGIEKREISLÄUFE", "QUADRANTEN"}},
-        {"ru", "Кузнецова_Ирина, 12.10.2026 09:42, P – точки-источники, Е. Волкова", "Среднее",
-         "инь", "ян", "слева", "справа", "доля",
+        {"ru",
+         "Кузнецова_Ирина, 12.10.2026 09:42, P – точки-источники, Е. Волкова",
+         "Среднее",
+         "инь",
+         "ян",
+         "слева",
+         "справа",
+         "доля",
          {"C/HT ", "IG/SI ", "MC/PC ", "TR/TE ", "P/LU ", "GI/LI ", "V/BL ", "R/KI ", "VB/GB ",
           "F/LR ", "E/ST ", "RP/SP "},
          {"Дерево", "Огонь", "Земля", "Металл", "Вода"},
@@ -163,14 +193,14 @@ std::string sidesDocument(const Measurement& m, const Texts& t) {
     for (const int side : {0, 1}) {
         document += "<dataset seriesname=\"" + (side == 0 ? t.yin : t.yang) +
                     (side == 0 ? "\"   Color='0082fb'   >" : "\" color='fb5f55' >");
-        document += side == 0 ? meanBar(left, "887d7d", t.mean + number(left) + ", " + t.left, "L")
-                              : meanBar(right, "efeded", t.mean + number(right) + ", " + t.right,
-                                        "P");
+        document += side == 0
+                        ? meanBar(left, "887d7d", t.mean + number(left) + ", " + t.left, "L")
+                        : meanBar(right, "efeded", t.mean + number(right) + ", " + t.right, "P");
         for (std::size_t i = 0; i < 12; ++i) {
             const int value = at(m.values, sidesOrder[i] + side * 12);
             const int other = at(m.values, sidesOrder[i] + (1 - side) * 12);
-            const std::string_view colour = side == 0 ? (i % 2 == 0 ? "0082fb" : "fb5f55")
-                                                      : (i % 2 == 0 ? "0032fb" : "fb0f00");
+            const std::string_view colour =
+                side == 0 ? (i % 2 == 0 ? "0082fb" : "fb5f55") : (i % 2 == 0 ? "0032fb" : "fb0f00");
             document += bar(value, number(value) + (side == 0 ? "," + t.left : t.right),
                             flagged(m, value, other, all), colour);
         }
@@ -181,9 +211,10 @@ std::string sidesDocument(const Measurement& m, const Texts& t) {
 }
 
 std::string groupsDocument(const Measurement& m, const Texts& t) {
-    const int all = static_cast<int>(
-        std::nearbyint((meanOfPlaces(m.values, groupsOrder, 0, 12, {0}) +
-                        meanOfPlaces(m.values, groupsOrder, 0, 10, {1})) / 2.0));
+    const int all =
+        static_cast<int>(std::nearbyint((meanOfPlaces(m.values, groupsOrder, 0, 12, {0}) +
+                                         meanOfPlaces(m.values, groupsOrder, 0, 10, {1})) /
+                                        2.0));
     std::string document =
         "<chart yAxisMaxValue='200' baseFontColor='000000' animation='0' "
         "showAlternateHGridColor='0' useRoundEdges='1' numDivLines ='3' "
@@ -199,11 +230,10 @@ std::string groupsDocument(const Measurement& m, const Texts& t) {
     for (const int side : {0, 1}) {
         const std::string& name = side == 0 ? t.yin : t.yang;
         const int group = meanOfPlaces(m.values, groupsOrder, side * 6, side * 6 + 6, {0, 1});
-        document += "<dataset seriesname=\"" + name +
-                    (side == 0 ? "\"  alpha='80' Color='0082fb'   >"
-                               : "\" alpha='80' color='fb5f55'  >") +
-                    meanBar(group, side == 0 ? "efeded" : "887d7d", number(group) + "," + name,
-                            name);
+        document +=
+            "<dataset seriesname=\"" + name +
+            (side == 0 ? "\"  alpha='80' Color='0082fb'   >" : "\" alpha='80' color='fb5f55'  >") +
+            meanBar(group, side == 0 ? "efeded" : "887d7d", number(group) + "," + name, name);
         for (std::size_t i = 0; i < 12; ++i) {
             const int value = at(m.values, groupsOrder[i] + side * 12);
             const int other = at(m.values, groupsOrder[i] + (1 - side) * 12);
@@ -268,13 +298,12 @@ std::string elementsDocument(const Measurement& m, const Texts& t) {
 }
 
 std::string balanceDocument(const Measurement& m, const Texts& t) {
-    const std::array<std::vector<int>, 6> groups{
-        {{0, 2, 4, 7, 9, 11, 12, 14, 16, 19, 21, 23},
-         {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11},
-         {0, 1, 2, 3, 4, 5, 12, 13, 14, 15, 16, 17},
-         {1, 2, 5, 6, 9, 13, 14, 17, 18, 21},
-         {12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23},
-         {6, 7, 8, 9, 10, 11, 18, 19, 20, 21, 22, 23}}};
+    const std::array<std::vector<int>, 6> groups{{{0, 2, 4, 7, 9, 11, 12, 14, 16, 19, 21, 23},
+                                                  {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11},
+                                                  {0, 1, 2, 3, 4, 5, 12, 13, 14, 15, 16, 17},
+                                                  {1, 2, 5, 6, 9, 13, 14, 17, 18, 21},
+                                                  {12, 13, 14, 15, 16, 17, 18, 19, 20, 21, 22, 23},
+                                                  {6, 7, 8, 9, 10, 11, 18, 19, 20, 21, 22, 23}}};
     const std::array<std::string, 6> names{t.yin,  t.left,  t.groups[0].substr(0, 6),
                                            t.yang, t.right, t.elements[4]};
     std::string document =
@@ -344,8 +373,8 @@ std::string quadrantPieDocument(const Measurement& m, const Texts& t) {
         const int value = mean(m.values, channels);
         document += "<set  value='" + number(value) + "' tooltext='" +
                     (quarters[q][1] == 0 ? t.left : t.right) + ", " + t.share + ": " +
-                    number(value) + "'  color='" + (q < 2 ? "fe0000" : "0082fb") +
-                    "' issliced='" + (q == 2 ? "1" : "0") + "' />";
+                    number(value) + "'  color='" + (q < 2 ? "fe0000" : "0082fb") + "' issliced='" +
+                    (q == 2 ? "1" : "0") + "' />";
     }
     return document + closing(14);
 }
@@ -386,14 +415,17 @@ std::string elementPieDocument(const Measurement& m, const Texts& t) {
         "startingAngle='270' baseFontColor ='000000' baseFont='Arial' baseFontSize ='14'   "
         "palette='4'    showBorder='1' slicingDistance='10'>";
     for (std::size_t i = 0; i < 6; ++i) {
-        const int value = mean(m.values, {channels[i][0], channels[i][0] + 12, channels[i][1],
-                                          channels[i][1] + 12});
+        const int value = mean(
+            m.values, {channels[i][0], channels[i][0] + 12, channels[i][1], channels[i][1] + 12});
         const bool far = std::abs(value - all) > m.tolerance;
         document += "<set  label=\"" + t.elements[labels[i]] +
                     (i == 3 ? "\"value='" : "\" value='") + number(value) + "' tooltext='" +
                     t.elements[labels[i]] + " " + number(value - all) + "'   color='" +
                     std::string(elementColours[i]) + "'" +
-                    (far ? " issliced='1'" : i == 4 ? "" : " issliced='0'") + "/>";
+                    (far      ? " issliced='1'"
+                     : i == 4 ? ""
+                              : " issliced='0'") +
+                    "/>";
     }
     return document + closing(16);
 }
@@ -451,6 +483,24 @@ std::vector<Sample> allSamples() {
         title += " – EINE ÜBERAUS LANGE ÜBERSCHRIFT, DIE AUF KEINE SEITE PASST, SO KLEIN SIE WIRD";
     add("long", {.tolerance = 0, .allFlagged = true}, longTexts);
     return samples;
+}
+
+std::string damaged(std::string document, std::mt19937& random) {
+    const auto below = [&](std::size_t bound) { return random() % bound; };
+    for (std::size_t damages = 1 + below(8); damages > 0 && !document.empty(); --damages) {
+        const std::size_t at = below(document.size());
+        switch (below(3)) {
+        case 0:
+            document[at] = static_cast<char>(below(256));
+            break;
+        case 1:
+            document.erase(at, below(40));
+            break;
+        default:
+            document.insert(at, std::string(1 + below(3), "'\"<>/= \0"[below(8)]));
+        }
+    }
+    return document;
 }
 
 } // namespace vorna::samples

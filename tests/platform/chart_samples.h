@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,12 +29,12 @@ struct Texts {
     std::string yang;
     std::string left;
     std::string right;
-    std::string share;                     // the word before a slice's value in tool texts
+    std::string share;                      // the word before a slice's value in tool texts
     std::array<std::string, 12> shortNames; // in the order of Values
-    std::array<std::string, 5> elements;   // wood, fire, earth, metal, water
-    std::array<std::string, 3> contrasts;  // categories of the balance chart
-    std::array<std::string, 6> groups;     // energy groups in slice order
-    std::array<std::string, 6> titles;     // sides, groups, elements, balance, energy, quadrants
+    std::array<std::string, 5> elements;    // wood, fire, earth, metal, water
+    std::array<std::string, 3> contrasts;   // categories of the balance chart
+    std::array<std::string, 6> groups;      // energy groups in slice order
+    std::array<std::string, 6> titles;      // sides, groups, elements, balance, energy, quadrants
 };
 
 std::vector<Texts> allTexts();
@@ -65,5 +66,8 @@ std::vector<Sample> allCharts(const std::string& name, const Measurement& measur
 
 // The sample measurement in four languages, and the straining ones.
 std::vector<Sample> allSamples();
+
+// The document with a few bytes changed, taken out and put in.
+std::string damaged(std::string document, std::mt19937& random);
 
 } // namespace vorna::samples

@@ -22,12 +22,5 @@ TEST(Clock, OnlyRealMomentsAreRead) {
         EXPECT_FALSE(parseTime(text)) << text;
 }
 
-TEST(Clock, TheSystemsOwnGoesOn) {
-    const SystemClock clock;
-    const LocalTime before = clock.now();
-    EXPECT_LE(before, clock.now());
-    EXPECT_GT(before, *parseTime("2024-01-01T00:00:00"));
-}
-
 } // namespace
 } // namespace vorna

@@ -36,9 +36,7 @@ TEST_F(DatabaseTest, OpensOnlyADatabaseAndOnlyWithItsPassword) {
     folder.write("garbage.mdb", std::string(4096, '\x55'));
     folder.write("cut.mdb", bytes.substr(0, 90));
     struct Case {
-        const char* rule;
-        const char* file;
-        const char* password;
+        const char *rule, *file, *password;
         bool opens;
     };
     const Case cases[] = {
@@ -165,8 +163,7 @@ TEST_F(DatabaseTest, LikeKnowsUnicodeCaseAndCountsCharacters) {
     Database database = make();
     database.executeScript("create table t (a)");
     struct Case {
-        const char* value;
-        const char* pattern;
+        const char *value, *pattern;
         bool matches;
     };
     const Case cases[] = {

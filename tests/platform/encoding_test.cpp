@@ -43,9 +43,7 @@ TEST(Encoding, OnlyWellFormedBytesAreUtf8) {
 
 TEST(Encoding, TextFilesAreReadInTheFormTheyHave) {
     struct Case {
-        const char* rule;
-        const char* bytes;
-        const char* text;
+        const char *rule, *bytes, *text;
         Form form;
     };
     const Case cases[] = {
@@ -82,6 +80,7 @@ TEST(Encoding, TextFilesAreWrittenSoThatTheyReadBack) {
          "a"},
         // The bytes CD 8A of the code page are a character of UTF-8 as well.
         {"code page bytes that look like UTF-8", Form::Ascii, "MÍŠEK", nullptr},
+        {"likewise at the end of a line", Form::CodePage, "prijmeni=NŮŽ\r\n", nullptr},
     };
     for (const Case& c : cases) {
         const std::string bytes = encodeTextFile({c.text, c.form});

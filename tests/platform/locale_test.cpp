@@ -72,9 +72,7 @@ TEST(Locale, NumbersAreWrittenSoThatTheyReadBack) {
 
 TEST(Locale, DefaultDateAndTimeHaveOneBlankAndSeconds) {
     struct Case {
-        const char* locale;
-        const char* language;
-        const char* text;
+        const char *locale, *language, *text;
     };
     const Case cases[] = {
         {"cs_CZ", "Czech", "31.1.2025 4:30:05"},

@@ -7,8 +7,7 @@ namespace {
 
 TEST(Text, CaseFoldsInEveryAlphabet) {
     struct Case {
-        const char* a;
-        const char* b;
+        const char *a, *b;
         bool equal;
     };
     const Case cases[] = {
@@ -40,14 +39,6 @@ TEST(Text, PositionsCountCharactersAndOddBytesAsOneEach) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(c.taken, c.expected) << c.rule;
-}
-
-TEST(Text, PiecesAreOneMoreThanSeparators) {
-    using Pieces = std::vector<std::string_view>;
-    EXPECT_EQ(split("", ':'), Pieces{""});
-    EXPECT_EQ(split("1:02:", ':'), (Pieces{"1", "02", ""}));
-    EXPECT_EQ(trimmed(" \t a b\t"), "a b");
-    EXPECT_EQ(trimmed(" \t"), "");
 }
 
 } // namespace

@@ -1,0 +1,34 @@
+#include "tests/support/test_installation.h"
+
+#include "core/file_names.h"
+
+namespace vorna {
+namespace {
+
+// The name of an entry before a first run moved it aside.
+fs::path originalName(const fs::path& name) {
+    if (name == names::dataMovedAside)
+        return names::data;
+    return name == names::htmlMovedAside ? fs::path(names::html) : name;
+}
+
+bool isProgram(const fs::directory_entry& entry) {
+    return entry.is_regular_file() &&
+           (entry.status().permissions() & fs::perms::owner_exec) != fs::perms::none;
+}
+
+} // namespace
+
+void copyInstallation(const fs::path& into) {
+    const fs::path assembled = VORNA_TEST_INSTALLATION;
+    fs::create_directories(into);
+    for (const fs::directory_entry& entry : fs::directory_iterator(assembled)) {
+        const fs::path target = into / originalName(entry.path().filename());
+        if (entry.path().filename() == "rezim")
+            fs::create_directory_symlink(entry.path(), target);
+        else if (!isProgram(entry))
+            fs::copy(entry.path(), target, fs::copy_options::recursive);
+    }
+}
+
+} // namespace vorna
