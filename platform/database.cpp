@@ -161,8 +161,9 @@ void Recordset::moveNext() {
 
 int Recordset::columnIndex(std::string_view column) const {
     requireRow();
+    const std::string name(column);
     for (int i = 0; i < sqlite3_column_count(handle_); ++i)
-        if (equalFolded(sqlite3_column_name(handle_, i), column))
+        if (sqlite3_stricmp(sqlite3_column_name(handle_, i), name.c_str()) == 0)
             return i;
     throw Failure("a query has no column of that name");
 }

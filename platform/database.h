@@ -31,7 +31,7 @@ using DatabaseValue = std::variant<std::nullptr_t, std::int64_t, double, std::st
 struct DatabaseConnection;
 
 // The rows of a query, walked from the first to the last. It belongs to its database, which must
-// outlive it. Column names fold case.
+// outlive it. Column names are ASCII and fold case.
 class Recordset {
 public:
     Recordset(Recordset&&) noexcept;

@@ -86,19 +86,6 @@ TEST_F(Installation, EverySetAndChartIsWhole) {
     }
 }
 
-TEST_F(Installation, EveryProblemHasProposals) {
-    Database database(folder() / names::referenceTcm, referencePassword);
-    EXPECT_EQ(count(database, "(select distinct pkproblem from Therapy_m)"), 3);
-    EXPECT_GE(count(database, "Therapy_e where problem = 1"), 1);
-    // Lack and excess have rules for each of the twelve pathways, and their points exist.
-    EXPECT_EQ(count(database, "(select distinct q.problem, q.lecenaDraha from QTherapy_e q"
-                              " join Meridians m on m.Element = q.kde and m.Energy = q.Energy"
-                              " join Points p on p.Meridian = m.meridian and p.Povel = q.povelBodu"
-                              " where q.problem in (2, 3) and q.lecenaDraha <= '12'"
-                              " and (q.kdeP <> 0 or q.lecenaDraha = m.meridian))"),
-              24);
-}
-
 // The texts that windows and charts show, after a switch to each language.
 TEST_F(Installation, LanguageSwitchLeavesNoTextOut) {
     struct Case {

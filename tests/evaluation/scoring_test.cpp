@@ -18,12 +18,12 @@ TEST(Scoring, AScaledValueRoundsToTheEvenNeighbour) {
         {"just above a tie", 75.01, 3},
         {"-2.5", -75, -2},
         {"the largest that fits", 983010, 32767},
-        {"a tie at the end of 16 bits", 983024, 32767},
+        {"just below the tie that leaves 16 bits", 983024, 32767},
         {"the smallest", -983040, -32768},
     };
     for (const Case& value : cases)
         EXPECT_EQ(ScaledValue(value.stored, 30), value.scaled) << value.rule;
-    EXPECT_THROW(static_cast<void>(ScaledValue(983025, 30)), Failure) << "beyond 16 bits";
+    EXPECT_THROW(static_cast<void>(ScaledValue(983025, 30)), Failure) << "the tie itself";
     EXPECT_THROW(static_cast<void>(ScaledValue(90, 0)), Failure) << "a koef of 0";
 }
 
@@ -40,7 +40,7 @@ TEST(Scoring, AGroupMeanLeavesOutWhatWasNotMeasured) {
         {"a zero is not counted", 0, 90, 0, "1,13", 3},
         {"nor what is below", -90, 90, 0, "1,13", 3},
         {"nothing measured", 0, 0, 0, "1,13,2", 0},
-        {"all round to 0 and yet count", 14, 15, 90, "1,13,2", 1},
+        {"what rounds to 0 was measured and counts", 14, 15, 90, "1,13,2", 1},
         {"each is rounded: 2.5 and 2.5 make 2", 75, 75, 0, "1,13", 2},
         {"then the mean is: 2 and 3 make 2.5, which is 2", 60, 90, 0, "1,13", 2},
         {"3 and 4 make 3.5, which is 4", 90, 120, 0, "1,13", 4},
