@@ -67,9 +67,8 @@ std::string formatMeasurement(const MeasurementRecord& record) {
 MeasurementRecord readMeasurement(const std::filesystem::path& path) {
     if (isForbiddenFileName(pathText(path.filename())))
         throw Failure("a measurement's name is no file name");
-    std::error_code error;
-    if (!std::filesystem::exists(path, error))
-        writeFileAtomically(path, {});
+    if (isMissing(path))
+        createEmptyFile(path);
     return parseMeasurement(readWholeFile(path));
 }
 

@@ -1,6 +1,7 @@
 #include "acquisition/measurement_sets.h"
 
 #include "acquisition/measurement_record.h"
+#include "core/file_names.h"
 #include "core/number.h"
 #include "core/reference_database.h"
 #include "platform/files.h"
@@ -121,9 +122,7 @@ int largePictureAfterThirdClick(int largePicture) {
 
 std::filesystem::path setPicturePath(const Session& session, int sada, int folder,
                                      std::string_view pictureName) {
-    const fs::path pictures =
-        under(session.modeFolder, "sady\\" + decimalText(std::int64_t{sada}) + "\\pic\\" +
-                                      decimalText(std::int64_t{folder}));
+    const fs::path pictures = under(session.modeFolder, names::setPictures(sada, folder));
     return pictureName.empty() ? pictures : pictures / pictureName;
 }
 

@@ -9,39 +9,78 @@
 namespace vorna {
 namespace {
 
-void dropOldBackups(const fs::path& backups, std::string_view kind) {
-    // The names begin with the date, so the oldest come first.
-    const std::vector<std::string> kept = listFiles(backups, "*-" + std::string(kind));
-    std::error_code error; // an old backup that cannot go stays
-    for (std::size_t i = 0; i + keptBackups < kept.size(); ++i)
-        fs::remove_all(backups / kept[i], error);
+// The backups of a kind, the oldest first, by the time when they were made: a name follows a clock
+// that may have been set back since.
+std::vector<fs::path> backupsOf(const fs::path& backups, std::string_view kind) {
+    std::vector<fs::path> found;
+    for (const std::string& name : listFiles(backups, "*-" + std::string(kind)))
+        found.push_back(backups / name);
+    std::error_code error; // one that cannot be asked counts as the oldest
+    std::stable_sort(found.begin(), found.end(), [&](const fs::path& a, const fs::path& b) {
+        return fs::last_write_time(a, error) < fs::last_write_time(b, error);
+    });
+    return found;
+}
+
+bool holdsTheSame(const fs::path& a, const fs::path& b);
+
+bool foldersHoldTheSame(const fs::path& a, const fs::path& b) {
+    const std::vector<std::string> names = listFiles(a, "*");
+    return names == listFiles(b, "*") &&
+           std::all_of(names.begin(), names.end(),
+                       [&](const std::string& name) { return holdsTheSame(a / name, b / name); });
+}
+
+bool holdsTheSame(const fs::path& a, const fs::path& b) {
+    std::error_code error;
+    if (fs::is_directory(a, error))
+        return fs::is_directory(b, error) && foldersHoldTheSame(a, b);
+    bool same = false;
+    attempt([&] { same = readWholeFile(a) == readWholeFile(b); });
+    return same;
+}
+
+bool isBackedUp(const fs::path& backup, const std::vector<fs::path>& entries) {
+    return listFiles(backup, "*").size() == entries.size() &&
+           std::all_of(entries.begin(), entries.end(), [&](const fs::path& entry) {
+               return holdsTheSame(entry, backup / entry.filename());
+           });
+}
+
+fs::path newFolder(const fs::path& backups, std::string_view kind, LocalTime now) {
+    const std::string stem = formatTime(now, "yyyyMMdd-HHmmss");
+    fs::path folder = backups / (stem + "-" + std::string(kind));
+    for (int again = 2; !isMissing(folder); ++again)
+        folder = backups / (stem + "." + std::to_string(again) + "-" + std::string(kind));
+    std::error_code error;
+    if (!fs::create_directories(folder, error))
+        throw Failure("a backup's folder cannot be made");
+    return folder;
 }
 
 } // namespace
 
-std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_view kind,
-                             const std::vector<std::string_view>& entries, LocalTime now) {
-    std::error_code error;
+void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
+            const std::vector<std::string_view>& entries, LocalTime now) {
     std::vector<fs::path> found;
-    for (const std::string_view name : entries)
-        if (const fs::path path = under(dataRoot, name); fs::exists(path, error))
+    for (const std::string_view entry : entries)
+        if (const fs::path path = under(dataRoot, entry); !isMissing(path))
             found.push_back(path);
-    if (found.empty())
-        return {};
     const fs::path backups = under(dataRoot, names::backup);
-    const std::string stem = formatTime(now, "yyyyMMdd-HHmmss");
-    fs::path folder = backups / (stem + "-" + std::string(kind));
-    for (int again = 2; fs::exists(folder, error); ++again)
-        folder = backups / (stem + "." + std::to_string(again) + "-" + std::string(kind));
-    fs::create_directories(folder, error);
+    const std::vector<fs::path> older = backupsOf(backups, kind);
+    if (found.empty() || (!older.empty() && isBackedUp(older.back(), found)))
+        return;
+    const fs::path folder = newFolder(backups, kind, now);
+    std::error_code error;
     for (const fs::path& path : found) {
         if (fs::is_directory(path, error))
             copyFolderInto(path, folder);
         else
             copyFileOver(path, folder / path.filename());
     }
-    dropOldBackups(backups, kind);
-    return folder;
+    // An old backup that cannot go stays.
+    for (std::size_t i = 0; i + keptBackups <= older.size(); ++i)
+        fs::remove_all(older[i], error);
 }
 
 } // namespace vorna

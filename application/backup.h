@@ -13,10 +13,10 @@ namespace vorna {
 inline constexpr std::size_t keptBackups = 10;
 
 // Copies the files and folders of the data root that exist among `entries` into
-// backup/<date-time>-<kind>/ and drops all but the newest of the kind. Nothing is made when none
-// exists. Returns the backup's folder, or an empty path. Failure when something cannot be copied:
-// then nothing must be overwritten.
-std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_view kind,
-                             const std::vector<std::string_view>& entries, LocalTime now);
+// backup/<date-time>-<kind>/, unless the newest backup of the kind holds just the same, and drops
+// the oldest beyond those that are kept; never the one just made. Failure when something cannot be
+// copied: then nothing must be overwritten.
+void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
+            const std::vector<std::string_view>& entries, LocalTime now);
 
 } // namespace vorna

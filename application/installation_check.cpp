@@ -56,7 +56,7 @@ Texts readTexts(const fs::path& appFolder, std::int16_t language, Faults& faults
     Texts texts;
     const std::string name = names::languageFile(language);
     attempt([&] {
-        const std::string text = decodeTextFile(readWholeFile(appFolder / name)).text;
+        const std::string text = decodeTextFile(readWholeFile(under(appFolder, name))).text;
         for (const IniEntry& entry : parseIniEntries(text)) {
             const std::string key = foldCase(entry.section + " " + entry.key);
             if (!texts.emplace(key, entry.value).second)
@@ -87,12 +87,6 @@ std::vector<std::string> askedKeys() {
     range(88, 128);
     range(131, 139);
     return keys;
-}
-
-// Keys that no code asks for, though their neighbours are asked for.
-bool isUnasked(std::string_view key) {
-    constexpr std::array unasked{"t13", "t14", "t15", "t21", "t22"};
-    return std::find(unasked.begin(), unasked.end(), key) != unasked.end();
 }
 
 // Captioned controls that the code fills and the language files leave alone.
@@ -140,8 +134,7 @@ void checkTexts(EvaluationContext& context, const fs::path& appFolder, Faults& f
             anyKey.insert(key);
     }
     for (const std::string& key : askedKeys())
-        if (!isUnasked(key))
-            anyKey.insert(foldCase("other " + key));
+        anyKey.insert(foldCase("other " + key));
     for (std::int16_t language = 1; language <= languageCount; ++language) {
         const Texts& texts = all[static_cast<std::size_t>(language - 1)];
         const std::string file = names::languageFile(language);
@@ -268,11 +261,39 @@ void checkWords(const Reference& reference) {
         reference.fault(points.text("n") + " points, 361 are wanted");
 }
 
+// A row without a text in a language would show the language of the start before.
+void checkTranslations(const Reference& reference, std::int16_t language) {
+    constexpr std::array<std::pair<std::string_view, std::string_view>, 10> tables{
+        {{"Meridians", "_Meridians"},
+         {"Elements", "_elements"},
+         {"EnergyTypes", "_EnergyTypes"},
+         {"GrafyTypy", "_GrafyTypy"},
+         {"PointTypes", "_pointTypes"},
+         {"ProblemTypes", "_ProblemTypes"},
+         {"Skelet", "_skelet"},
+         {"Therapy_APM", "_Therapy_APM"},
+         {"Therapy_e", "_Therapy_e"},
+         {"Therapy_m", "_Therapy_m"}}};
+    Database& database = referenceDatabase(reference.session);
+    for (const auto& [plain, sister] : tables) {
+        const std::string name(plain);
+        const std::int64_t rows = database.query("select count(*) as n from " + name).number("n");
+        const std::int64_t translated =
+            database
+                .query("select count(*) as n from " + std::string(sister) + " where jazyk = ?",
+                       {std::int64_t{language}})
+                .number("n");
+        if (rows != translated)
+            reference.fault(name + ": " + std::to_string(translated) + " of " +
+                            std::to_string(rows) + " rows have a text");
+    }
+}
+
 void checkReference(Session& session, const fs::path& appFolder, const fs::path& scratch,
                     Faults& faults) {
     for (const std::string_view name : {names::referenceTcm, names::referenceApm}) {
         const bool opened = attempt([&] {
-            copyFileOver(appFolder / name, scratch / name);
+            copyFileOver(under(appFolder, name), scratch / name);
             session.referenceDb.emplace(scratch / name, referencePassword);
         });
         if (!opened) {
@@ -287,6 +308,7 @@ void checkReference(Session& session, const fs::path& appFolder, const fs::path&
                 checkSets(reference);
                 checkChartOrders(reference);
                 checkWords(reference);
+                checkTranslations(reference, language);
             });
             if (!ran)
                 reference.fault("the tables cannot be asked");

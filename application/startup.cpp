@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace vorna {
 namespace {
@@ -42,7 +43,7 @@ struct Start {
 
 // A missing folder is passed over; one that cannot be copied is told.
 void copyStarterFolder(const Start& start, std::string_view name) {
-    const fs::path folder = start.folders.appFolder / name;
+    const fs::path folder = under(start.folders.appFolder, name);
     std::error_code error;
     if (!fs::is_directory(folder, error))
         return;
@@ -53,33 +54,65 @@ void copyStarterFolder(const Start& start, std::string_view name) {
 
 void renameInApp(const Start& start, std::string_view from, std::string_view to) {
     std::error_code error; // the installation may be read-only, or the other name taken
-    if (const fs::path target = start.folders.appFolder / to; !fs::exists(target, error))
-        fs::rename(start.folders.appFolder / from, target, error);
+    if (const fs::path target = under(start.folders.appFolder, to); isMissing(target))
+        fs::rename(under(start.folders.appFolder, from), target, error);
+}
+
+// A database that was cut off in the middle of a change finds back to its state before when it is
+// opened; the journal it did so with must not meet the file that replaces it.
+void settleDatabases(const Session& session) {
+    for (const std::string_view name : {names::referenceApm, names::referenceTcm, names::clients}) {
+        const fs::path file = under(session.dataRoot, name);
+        if (isMissing(file))
+            continue;
+        attempt([&] { Database(file, referencePassword); });
+    }
+}
+
+void dropJournal(const fs::path& database) {
+    std::error_code error; // there is none as a rule
+    fs::path journal = database;
+    fs::remove(journal += "-journal", error);
 }
 
 void copyInstallation(const Start& start) {
     const Session& session = start.session;
     std::error_code error;
-    fs::create_directories(session.dataRoot, error);
+    if (fs::create_directories(session.dataRoot, error)) // clients' data is nobody else's
+        fs::permissions(session.dataRoot, fs::perms::owner_all, error);
+    settleDatabases(session);
     std::vector<std::string_view> endangered(filesOfFirstRun.begin(), filesOfFirstRun.end());
-    if (fs::is_directory(start.folders.appFolder / names::data, error))
+    if (fs::is_directory(under(start.folders.appFolder, names::data), error))
         endangered.push_back(names::data);
-    attempt([&] { backUp(session.dataRoot, "first-run", endangered, start.platform.clock.now()); });
+    const bool safe = attempt(
+        [&] { backUp(session.dataRoot, "first-run", endangered, start.platform.clock.now()); });
     for (const std::string_view name : filesOfFirstRun)
         attempt([&] {
-            copyFileOver(under(start.folders.appFolder, name), under(session.dataRoot, name));
+            const fs::path target = under(session.dataRoot, name);
+            if (!safe && !isMissing(target))
+                throw Failure("a file that could not be backed up is not overwritten");
+            copyFileOver(under(start.folders.appFolder, name), target);
+            dropJournal(target);
         });
-    copyStarterFolder(start, names::data);
+    if (safe || isMissing(under(session.dataRoot, names::data)))
+        copyStarterFolder(start, names::data);
     copyStarterFolder(start, names::html);
     renameInApp(start, names::data, names::dataMovedAside);
     renameInApp(start, names::html, names::htmlMovedAside);
+}
+
+// First run is when there is no HTML folder. A data root that cannot be asked is none.
+bool lacksHtml(const fs::path& dataRoot) {
+    std::error_code error;
+    const fs::path html = under(dataRoot, names::html);
+    return isMissing(html) || fs::is_regular_file(html, error);
 }
 
 bool findDataRoot(const Start& start) {
     std::error_code error;
     start.session.appFolder = start.folders.appFolder;
     start.session.dataRoot = under(start.folders.commonData, names::dataRoot);
-    const bool firstRun = !fs::exists(under(start.session.dataRoot, names::html), error);
+    const bool firstRun = lacksHtml(start.session.dataRoot);
     if (firstRun)
         copyInstallation(start);
     fs::create_directories(under(start.session.dataRoot, names::log), error);
@@ -113,7 +146,7 @@ void chooseLanguage(const Start& start) {
             [&] { session.language = roundToInt16(numberOfText(start.platform.locale, number)); });
     if (CheckBox* const option = start.window.languageOptions.at(session.language - 1))
         option->checked = true;
-    session.texts.setFile(session.appFolder / names::languageFile(session.language),
+    session.texts.setFile(under(session.appFolder, names::languageFile(session.language)),
                           session.language == languageRussian);
 }
 
@@ -142,8 +175,8 @@ void showFlag(const Start& start) {
 
 void copyHelp(const Start& start) {
     attempt([&] {
-        copyFileOver(start.session.appFolder / names::helpFile(start.session.language),
-                     start.session.appFolder / names::help);
+        copyFileOver(under(start.session.appFolder, names::helpFile(start.session.language)),
+                     under(start.session.appFolder, names::help));
     });
 }
 
@@ -176,9 +209,8 @@ void nameCharts(const Start& start) {
 }
 
 void readPractitioner(const Start& start) {
-    std::error_code error;
-    if (const fs::path file = under(start.session.dataRoot, names::user); !fs::exists(file, error))
-        attempt([&] { writeFileAtomically(file, {}); });
+    if (const fs::path file = under(start.session.dataRoot, names::user); isMissing(file))
+        attempt([&] { createEmptyFile(file); });
     start.window.practitionerName.text = start.user("Global", "name");
     start.window.practitionerContact.text = start.user("Global", "kontakt");
     start.window.practitionerAddress.text = start.user("Global", "adresa");
@@ -190,7 +222,12 @@ void readPractitioner(const Start& start) {
 void readPlace(const Start& start, float& target, std::string_view section, std::string_view key) {
     const std::string text = start.user(section, key);
     if (!text.empty())
-        attempt([&] { target = static_cast<float>(numberOfText(start.platform.locale, text)); });
+        attempt([&] {
+            const auto value = static_cast<float>(numberOfText(start.platform.locale, text));
+            if (!std::isfinite(value))
+                throw Failure("a window's place is out of range");
+            target = value;
+        });
 }
 
 void placeWindow(const Start& start) {

@@ -16,7 +16,8 @@ struct StartupFolders {
 };
 
 // Fills the session and the main window. True when it was a first run, which is when the data root
-// had no HTML folder; what the first run overwrites is backed up before.
+// had no HTML folder. What a first run overwrites is backed up before; what cannot be backed up is
+// not overwritten.
 bool startUp(const StartupFolders& folders, Session& session, MainWindow& window,
              Platform& platform);
 

@@ -70,7 +70,7 @@ public:
             copy(plan_.sources / "settings", name);
         for (std::int16_t language = 1; language <= languages; ++language)
             copy(plan_.sources / "lang", names::languageFile(language));
-        for (const Sound& sound : startSounds())
+        for (const SynthesizedSound& sound : startSounds())
             write(sound.name, formatWave(sound));
     }
 

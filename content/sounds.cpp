@@ -90,12 +90,12 @@ std::vector<double> mix(double lengthS, const Timbre& timbre, std::span<const No
     return wave;
 }
 
-Sound makeSound(std::string_view name, const std::vector<double>& wave) {
+SynthesizedSound makeSound(std::string_view name, const std::vector<double>& wave) {
     double peak = 0;
     for (const double value : wave) {
         peak = std::max(peak, std::abs(value));
     }
-    Sound sound{std::string(name), {}};
+    SynthesizedSound sound{std::string(name), {}};
     sound.samples.reserve(wave.size());
     for (const double value : wave) {
         const double scaled = value / peak * peakOfFullScale * 32767;
@@ -112,7 +112,7 @@ void appendLittleEndian(std::string& bytes, std::uint32_t value, int count) {
 
 } // namespace
 
-std::vector<Sound> startSounds() {
+std::vector<SynthesizedSound> startSounds() {
     return {makeSound("start.wav", mix(0.5, flute, startNotes)),
             makeSound("pip.wav", mix(0.09, flute, pipNotes)),
             makeSound("dingdong.wav", mix(1.0, bell, dingdongNotes)),
@@ -121,7 +121,7 @@ std::vector<Sound> startSounds() {
 
 // "RIFF" size "WAVE", "fmt " 16 and the format (PCM, channels, rate, bytes per second, bytes per
 // frame, bits), "data" size and the samples; all numbers little-endian.
-std::string formatWave(const Sound& sound) {
+std::string formatWave(const SynthesizedSound& sound) {
     constexpr std::uint32_t bytesPerSample = 2;
     const auto dataSize = static_cast<std::uint32_t>(sound.samples.size() * bytesPerSample);
     std::string bytes;

@@ -13,7 +13,7 @@ namespace vorna {
 inline constexpr std::uint32_t soundRateHz = 44100;
 
 // One channel of 16-bit samples.
-struct Sound {
+struct SynthesizedSound {
     std::string name; // the file's name, such as "pip.wav"
     std::vector<std::int16_t> samples;
 };
@@ -22,9 +22,9 @@ struct Sound {
 // tone, 0.09 s), "dingdong.wav" (a point is done: two bells downwards, 1 s) and "twinkles.wav" (all
 // is done: five bells upwards, 0.9 s), in this order. Each starts and ends in silence and peaks at
 // half of full scale, -6 dB.
-std::vector<Sound> startSounds();
+std::vector<SynthesizedSound> startSounds();
 
 // The bytes of a whole WAV file: PCM, one channel, 16 bits, soundRateHz.
-std::string formatWave(const Sound& sound);
+std::string formatWave(const SynthesizedSound& sound);
 
 } // namespace vorna

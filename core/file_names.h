@@ -44,6 +44,9 @@ std::string helpFile(std::int16_t language);     // VORNAhelp1.chm
 // In a mode's folder: pictures with words in them, such as hvezdice1.jpg.
 std::string languagePicture(std::string_view stem, std::int16_t language);
 
+// In a mode's folder: one of the three picture folders of a measurement set.
+std::string setPictures(int sada, int folder);
+
 // In a client's folder.
 inline constexpr std::string_view klientDat = "klient.dat";
 inline constexpr std::string_view measurementPattern = "*.daf";

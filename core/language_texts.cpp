@@ -30,11 +30,12 @@ std::string LanguageTexts::value(std::string_view section, std::string_view key)
 
 void LanguageTexts::readAgainWhenChanged() const {
     std::error_code error;
-    const auto changed = std::filesystem::last_write_time(file_, error);
-    if (read_ && changed == seen_)
+    const Stamp stamp{std::filesystem::last_write_time(file_, error),
+                      std::filesystem::file_size(file_, error)};
+    if (read_ && stamp == seen_)
         return;
     read_ = true;
-    seen_ = changed;
+    seen_ = stamp;
     entries_.clear();
     attempt([&] {
         const CodePage codePage = russian_ ? CodePage::Windows1251 : CodePage::Windows1250;

@@ -1,6 +1,7 @@
 // The texts of the user interface: one language file per language, asked by section and key.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -11,8 +12,7 @@ namespace vorna {
 struct Session;
 class Window;
 
-// A language file's entries, kept as long as the file stands unchanged: a lookup always returns
-// what the file says now.
+// A language file's entries, kept as long as the file's time and size stand unchanged.
 class LanguageTexts {
 public:
     // Names the file; it need not exist.
@@ -22,11 +22,18 @@ public:
     [[nodiscard]] std::string value(std::string_view section, std::string_view key) const;
 
 private:
+    // By which a change of the file shows.
+    struct Stamp {
+        std::filesystem::file_time_type changed{};
+        std::uintmax_t size = 0;
+        bool operator==(const Stamp&) const = default;
+    };
+
     void readAgainWhenChanged() const;
 
     std::filesystem::path file_;
     bool russian_ = false;
-    mutable std::filesystem::file_time_type seen_{};
+    mutable Stamp seen_;
     mutable bool read_ = false;
     mutable std::map<std::string, std::string, std::less<>> entries_; // folded "section\nkey"
 };

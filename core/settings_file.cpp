@@ -116,11 +116,14 @@ std::string ReadIniValue(const std::filesystem::path& file, std::string_view sec
 
 void WriteIniValue(const std::filesystem::path& file, std::string_view section,
                    std::string_view key, std::string_view value) {
-    std::error_code error;
     DecodedText content;
     // A file that is there and cannot be read must not be replaced by one with a single key.
-    if (std::filesystem::exists(file, error))
-        content = decodeTextFile(readWholeFile(file));
+    if (!isMissing(file)) {
+        const std::string bytes = readWholeFile(file);
+        if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+            throw Failure("a settings file in UTF-16 cannot be changed");
+        content = decodeTextFile(bytes);
+    }
     std::vector<std::string> lines = linesOf(content.text);
     const bool unixLines = content.text.find('\n') != std::string::npos &&
                            content.text.find("\r\n") == std::string::npos;

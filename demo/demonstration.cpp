@@ -177,7 +177,7 @@ std::filesystem::path runDemonstration(const DemonstrationOptions& options, std:
             out << client << '\n';
         run.evaluateAll(measurements);
     }
-    const std::filesystem::path page = options.result / "index.html";
+    std::filesystem::path page = options.result / "index.html";
     writeFileAtomically(page, formatOverviewPage(client, measurements));
     return page;
 }

@@ -101,10 +101,10 @@ std::string quadrantPieHead(std::string_view title) {
 }
 
 std::string elementPieHead(std::string_view title) {
-    return joined({"<chart caption='", title,
-                   "' showValues='1' showLabels='1' decimals='0'  showPercentageValues='1' "
-                   "startingAngle='270' ",
-                   pieFont, "slicingDistance='10'>"});
+    constexpr std::string_view attributes =
+        "' showValues='1' showLabels='1' decimals='0'  showPercentageValues='1' "
+        "startingAngle='270' ";
+    return joined({"<chart caption='", title, attributes, pieFont, "slicingDistance='10'>"});
 }
 
 std::string category(std::string_view text) {

@@ -94,7 +94,7 @@ std::string slotInFirstSet(const MeridianChart& chart, int place) {
 
 std::string weakerSide(const MeridianChart& chart, int place) {
     const int a = chart.scaled[static_cast<std::size_t>(place)];
-    const int b = chart.scaled[static_cast<std::size_t>(place + pairDistance)];
+    const int b = chart.scaled[static_cast<std::size_t>(place) + pairDistance];
     if (a == b)
         return {};
     return slotInFirstSet(chart, a < b ? place : place + pairDistance);

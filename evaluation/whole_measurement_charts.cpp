@@ -22,7 +22,7 @@ constexpr int energyTexts = 6;
 // What both builders begin with; returns the title.
 std::string begin(EvaluationContext& context, ChartWindow& window, int chart,
                   std::string_view kindLetter) {
-    const std::string title = orEmpty([&] { return vratNazevGrafu(context.session, chart); });
+    std::string title = orEmpty([&] { return vratNazevGrafu(context.session, chart); });
     window.setCaption(t(context.session, "t44") + title);
     prepareControl(context.session, window.chart, chart == energyChartId ? pieChart : columnChart);
     context.state.CurrentKind = wholeMeasurementKind(kindLetter);

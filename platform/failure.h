@@ -2,7 +2,7 @@
 //
 // Lookups, conversions and file steps that cannot give their result throw `Failure`. A handler
 // that must go on wraps each of its statements in `attempt`: the statement has no effect, and the
-// next one runs. Nothing else in the system throws.
+// next one runs. The logic throws nothing else.
 #pragma once
 
 #include <stdexcept>

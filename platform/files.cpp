@@ -50,7 +50,7 @@ void flushFolder(const fs::path& folder) {
 // The entry of `folder` with this name, without regard to case; the name as given when none is.
 fs::path entryFolded(const fs::path& folder, const std::string& name) {
     std::error_code error;
-    const fs::path exact = folder / name;
+    fs::path exact = folder / name;
     if (name == "." || name == ".." || fs::exists(fs::symlink_status(exact, error)))
         return exact;
     const std::string wanted = foldCase(name);
@@ -99,6 +99,8 @@ void copyEntry(const fs::directory_entry& entry, const fs::path& target) {
         throw Failure("a folder cannot be copied");
     for (const fs::directory_iterator end; at != end; at.increment(error))
         copyEntry(*at, target / at->path().filename());
+    if (error) // a folder that stops to answer in the middle
+        throw Failure("a folder cannot be copied whole");
 }
 
 } // namespace
@@ -134,7 +136,15 @@ bool isForbiddenFileName(std::string_view name) {
     });
 }
 
+bool isMissing(const fs::path& path) {
+    std::error_code error;
+    return fs::status(path, error).type() == fs::file_type::not_found;
+}
+
 std::string readWholeFile(const fs::path& path) {
+    std::error_code error;
+    if (!fs::is_regular_file(path, error)) // a pipe would never end
+        throw Failure("a file cannot be read");
     std::ifstream file(path, std::ios::binary);
     if (!file)
         throw Failure("a file cannot be read");
@@ -150,7 +160,15 @@ std::string readWholeFile(const fs::path& path) {
     return bytes;
 }
 
-void writeFileAtomically(const fs::path& path, std::string_view bytes) {
+void createEmptyFile(const fs::path& path) {
+    const OpenFile file(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC);
+    if (!file.isOpen())
+        throw Failure("a file cannot be made");
+}
+
+void writeFileAtomically(const fs::path& given, std::string_view bytes) {
+    std::error_code error;
+    const fs::path path = fs::is_symlink(given, error) ? fs::weakly_canonical(given, error) : given;
     // Of a length of its own: the file's name may be as long as a name can be. One thread writes.
     const fs::path temporary =
         path.parent_path() / (".vorna-" + std::to_string(::getpid()) + ".new~");
@@ -158,12 +176,14 @@ void writeFileAtomically(const fs::path& path, std::string_view bytes) {
         const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
         if (!file.isOpen())
             throw Failure("a file cannot be written");
+        struct ::stat old {};
+        if (::stat(path.c_str(), &old) == 0) // where it fails the new permissions stand
+            static_cast<void>(::fchmod(file.descriptor(), old.st_mode & 07777));
         if (!file.writeAll(bytes) || ::fsync(file.descriptor()) != 0) {
             ::unlink(temporary.c_str());
             throw Failure("a file cannot be written whole");
         }
     }
-    std::error_code error;
     fs::rename(temporary, path, error);
     if (error) {
         ::unlink(temporary.c_str());

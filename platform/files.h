@@ -25,11 +25,19 @@ std::string pathText(const fs::path& path);
 // or that ends in a blank or dot, or is empty.
 bool isForbiddenFileName(std::string_view name);
 
-// The whole content. Failure when the file cannot be read.
+// True when it is certain that nothing stands under the path: a path that cannot be asked (a
+// network that is down) is not missing.
+bool isMissing(const fs::path& path);
+
+// The whole content of a regular file. Failure when it is none or cannot be read.
 std::string readWholeFile(const fs::path& path);
 
+// Makes an empty file. Failure when it cannot be made or anything stands under the path.
+void createEmptyFile(const fs::path& path);
+
 // Replaces the file's content in one step: a temporary file beside it, flushed to the disk, is
-// renamed over it. After a Failure the old file stands whole.
+// renamed over it. A link is followed, and the old file's permissions stay. After a Failure the old
+// file stands whole.
 void writeFileAtomically(const fs::path& path, std::string_view bytes);
 
 // Copies a file over another in the same way; write protection is not taken over. Failure when

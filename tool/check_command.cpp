@@ -10,11 +10,11 @@ namespace {
 class ScratchFolder {
 public:
     ScratchFolder() {
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "vorna-check-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr)
-            throw CannotRun("no scratch folder can be made in " +
-                            std::filesystem::temp_directory_path().string());
+        std::error_code error;
+        const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+        std::string pattern = (folder / "vorna-check-XXXXXX").string();
+        if (error || mkdtemp(pattern.data()) == nullptr)
+            throw CannotRun("no scratch folder can be made for temporary files");
         path_ = pattern;
     }
     ScratchFolder(const ScratchFolder&) = delete;
@@ -39,7 +39,12 @@ CommandResult run(const ToolOptions& options) {
     const ScratchFolder scratch;
     const std::vector<std::string> faults =
         checkInstallation(process.context, appFolder, scratch.path());
-    return {{{"messages", messagesOf(process)}, {"faults", faults}}, faults.empty() ? 0 : 1};
+    nlohmann::ordered_json answer{{"messages", messagesOf(process)}, {"faults", faults}};
+    if (faults.empty())
+        return {answer};
+    return {answer, 1,
+            "the installation " + appFolder.string() + " has " + std::to_string(faults.size()) +
+                " faults"};
 }
 
 } // namespace

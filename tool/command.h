@@ -30,6 +30,7 @@ public:
 struct CommandResult {
     nlohmann::ordered_json answer;
     int exitStatus = 0;
+    std::string complaint; // the line on standard error of a status other than 0
 };
 
 // Runs a command whose arguments were read.

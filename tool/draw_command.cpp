@@ -39,7 +39,7 @@ CommandResult run(const Arguments& arguments) {
     } catch (const Failure& failure) {
         throw CannotRun("the picture " + arguments.picture + " cannot be drawn: " + failure.what());
     }
-    return {{{"messages", ordered_json::array()}, {"picture", arguments.picture}}};
+    return {{{"messages", ordered_json::array()}, {"picture", jsonText(arguments.picture)}}};
 }
 
 } // namespace

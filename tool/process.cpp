@@ -75,6 +75,7 @@ void ToolProcess::selectMeasurement(const std::string& name) {
     if (at == rows.end())
         window.measurementList.add(measurementRow(name));
     window.measurementList.selected = static_cast<int>(index);
+    window.activeControl = &window.measurementList; // as a click on the row
 }
 
 } // namespace vorna

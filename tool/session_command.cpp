@@ -1,3 +1,4 @@
+#include "core/number.h"
 #include "platform/failure.h"
 #include "tool/command.h"
 
@@ -11,8 +12,9 @@ ordered_json reserveValue(const ToolProcess& process) {
     ordered_json value = process.session.posunrez;
     attempt([&] {
         const double number = numberOfText(process.platform.locale, process.session.posunrez);
-        const auto whole = static_cast<std::int64_t>(number);
-        value = static_cast<double>(whole) == number ? ordered_json(whole) : ordered_json(number);
+        value = number;
+        if (const std::int32_t whole = roundToInt32(number); whole == number)
+            value = whole;
     });
     return value;
 }
@@ -37,13 +39,20 @@ ordered_json tabsOf(const MainWindow& window) {
     return captions;
 }
 
+// Null for a row without an id, in a table that is not the system's own.
+ordered_json idOf(const ListRow& row) {
+    ordered_json id = nullptr;
+    attempt([&] { id = roundToInt32(numberOfDecimalText(row.tag)); });
+    return id;
+}
+
 ordered_json clientsOf(const MainWindow& window) {
     auto clients = ordered_json::array();
     for (const ListRow& row : window.clientList.rows()) {
         auto columns = ordered_json::array({jsonText(row.text)});
         for (const std::string& column : row.sub)
             columns.push_back(jsonText(column));
-        clients.push_back({{"id", std::stoll(row.tag)}, {"columns", columns}});
+        clients.push_back({{"id", idOf(row)}, {"columns", columns}});
     }
     return clients;
 }
@@ -56,8 +65,8 @@ CommandResult run(const ToolOptions& options) {
              {"language", session.language},
              {"mode", session.mode},
              {"title", process.window.caption()},
-             {"dataRoot", session.dataRoot.string()},
-             {"modeFolder", session.modeFolder.string()},
+             {"dataRoot", jsonText(session.dataRoot.string())},
+             {"modeFolder", jsonText(session.modeFolder.string())},
              {"firstRun", firstRun},
              {"settings", settingsOf(process)},
              {"userName", jsonText(session.userName)},

@@ -97,7 +97,14 @@ int parseAndRun(const std::vector<std::string>& arguments, std::ostream& out, st
     }
     readTypedOptions(typed, options);
     const CommandResult result = chosen(options);
-    out << result.answer.dump(options.pretty ? 2 : -1) << '\n';
+    using Json = nlohmann::ordered_json;
+    out << result.answer.dump(options.pretty ? 2 : -1, ' ', false, Json::error_handler_t::replace)
+        << '\n'
+        << std::flush;
+    if (!out)
+        throw CannotRun("the answer cannot be written");
+    if (!result.complaint.empty())
+        return fail(err, result.complaint, result.exitStatus);
     return result.exitStatus;
 }
 
@@ -110,7 +117,7 @@ int runTool(const std::vector<std::string>& arguments, std::ostream& out, std::o
         return fail(err, error.what(), 2);
     } catch (const CannotRun& error) {
         return fail(err, error.what(), 1);
-    } catch (const Failure& error) {
+    } catch (const std::exception& error) { // a Failure, or what a library throws
         return fail(err, error.what(), 1);
     }
 }

@@ -64,6 +64,8 @@ struct OffscreenDrawing::Qt {
         if (QCoreApplication::instance() != nullptr)
             return;
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Standard error belongs to the tool's one line.
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         application = std::make_unique<QGuiApplication>(argumentCount, arguments.data());
     }
 };

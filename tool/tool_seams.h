@@ -21,8 +21,8 @@ struct ShownMessage {
     std::optional<std::string> answer; // of questions
 };
 
-// Answers questions and choosers in the order given; the last answer stays. Without any, a
-// question is answered no and a chooser cancelled.
+// Answers questions in the order given; the last answer stays, and without any it is no. Choosers
+// and input boxes are cancelled.
 class RecordingDialogs final : public Dialogs {
 public:
     RecordingDialogs(EventLoop& loop, std::vector<std::string> answers)

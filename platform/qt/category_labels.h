@@ -9,12 +9,16 @@
 
 namespace vorna {
 
+struct PlannedLabel {
+    std::vector<LabelLine> lines; // none for an empty label
+    double size = 0;              // of the main type at scale 1
+    bool cut = false;             // some of the text was lost
+};
+
 struct LabelPlan {
-    std::vector<std::vector<LabelLine>> lines; // of each label; a label may have none
-    std::vector<bool> cut;                     // whether a label lost some of its text
-    double size = 0;                           // of the main type at scale 1
-    double bracketSize = 0;                    // of what stands in brackets
-    std::size_t rows = 0;                      // lines of the tallest label
+    std::vector<PlannedLabel> labels;
+    double size = 0;      // the largest in use
+    std::size_t rows = 0; // lines of the tallest label
 };
 
 struct LabelRoom {
@@ -22,12 +26,13 @@ struct LabelRoom {
     double width = 0; // for one label, logical pixels
 };
 
-// All labels in one type: the largest, down to 11, of which none needs more than two lines. Where
-// that is not enough, words also break behind slashes and hyphens into up to three lines, down to
-// 9, and what is too long then is cut.
+// The labels in one type: the largest, down to 11, of which none needs more than two lines; a few
+// that are too long, or would alone need the second line, may be smaller than the rest. Where that
+// is not enough, words also break behind slashes and hyphens into up to three lines, down to 9, and
+// what is too long then is cut.
 LabelPlan planLabels(const std::vector<QString>& labels, const LabelRoom& room, ChartFonts& fonts);
 
-// The types of a plan.
-LabelFonts labelFonts(const LabelPlan& plan, ChartFonts& fonts);
+// The types of a label of that size: what stands in brackets is set smaller.
+LabelFonts labelFonts(double size, ChartFonts& fonts);
 
 } // namespace vorna

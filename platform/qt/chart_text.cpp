@@ -91,16 +91,20 @@ const ChartFont& ChartFonts::get(ChartFace face, double size, bool bold) {
     font.setBold(bold);
     // The same widths on the screen, in a picture of any density and in a drawing of lines.
     font.setHintingPreference(QFont::PreferNoHinting);
-    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    // Kerning is worth its time in the title only; scripts that need shaping get it all the same.
+    font.setStyleStrategy(face == ChartFace::heading
+                              ? QFont::NoSubpixelAntialias
+                              : static_cast<QFont::StyleStrategy>(QFont::NoSubpixelAntialias |
+                                                                  QFont::PreferNoShaping));
     return fonts_.emplace(key, ChartFont(font)).first->second;
 }
 
 QString chartText(std::string_view text) {
     QString result = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     for (QChar& c : result)
-        if (c.category() == QChar::Other_Control)
+        if (c.category() == QChar::Other_Control || c.unicode() >= 0xFFFE)
             c = u' ';
-    return result.simplified();
+    return result.simplified().normalized(QString::NormalizationForm_C);
 }
 
 QString elided(const QString& text, const ChartFont& font, double width, Qt::TextElideMode place) {
@@ -123,23 +127,22 @@ QString tidyLabel(const QString& label) {
 }
 
 std::vector<LabelLine> wrapped(const QString& label, const LabelFonts& fonts, double width,
-                               bool breakWords) {
-    if (fonts.main.width(label) <= width)
+                               const WrapRules& rules) {
+    const qsizetype bracket = label.indexOf(u" (");
+    if (fonts.main.width(label) <= width && !(rules.splitBrackets && bracket >= 0))
         return label.isEmpty() ? std::vector<LabelLine>() : std::vector<LabelLine>{{label}};
     std::vector<LabelLine> lines;
-    const qsizetype bracket = label.indexOf(u" (");
-    const QString head = label.left(bracket);
-    for (const QString& line : wrappedPieces(piecesOf(head, breakWords), fonts.main, width))
-        lines.push_back({line, false});
-    if (bracket < 0)
-        return lines;
-    const QString tail = label.mid(bracket + 1);
-    if (fonts.bracket.width(tail) <= width) {
-        lines.push_back({tail, true});
-        return lines;
-    }
-    for (const QString& line : wrappedPieces(piecesOf(tail, breakWords), fonts.bracket, width))
-        lines.push_back({line, true});
+    const auto add = [&](const QString& part, bool bracketed) {
+        const ChartFont& font = bracketed ? fonts.bracket : fonts.main;
+        if (font.width(part) <= width)
+            lines.push_back({part, bracketed});
+        else
+            for (const QString& line : wrappedPieces(piecesOf(part, rules.breakWords), font, width))
+                lines.push_back({line, bracketed});
+    };
+    add(label.left(bracket), false);
+    if (bracket >= 0)
+        add(label.mid(bracket + 1), true);
     return lines;
 }
 

@@ -73,7 +73,8 @@ private:
 };
 
 // A document's text for drawing: UTF-8 (other bytes become U+FFFD), every run of blanks and
-// control characters one blank, none at the ends.
+// control characters one blank, none at the ends, accents joined to their letters, no character
+// that XML bars.
 QString chartText(std::string_view text);
 
 // The text with an ellipsis where it is wider than `width`; empty when not even one character
@@ -100,11 +101,15 @@ struct LabelFonts {
     }
 };
 
+struct WrapRules {
+    bool breakWords = false;    // words also break behind a slash or hyphen
+    bool splitBrackets = false; // what stands in brackets gets its own line even if all fits in one
+};
+
 // The label in lines of at most `width` where its words allow it. What stands in brackets begins a
-// line when the whole does not fit in one. With `breakWords`, words also break behind a slash or
-// hyphen.
+// line when the whole does not fit in one.
 std::vector<LabelLine> wrapped(const QString& label, const LabelFonts& fonts, double width,
-                               bool breakWords);
+                               const WrapRules& rules = {});
 
 // A line centred at x; `font` must be of this text's size.
 ChartTextLine centredLine(const QString& text, const ChartFont& font, double centreX,

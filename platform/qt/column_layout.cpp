@@ -138,7 +138,7 @@ private:
         if (size_.height() - top - legendHeight_ - labelHeight < 40) {
             legendHeight_ = 0; // too low a drawing for more than the bars
             labelHeight = 8 * s_;
-            labels_.lines.clear();
+            labels_.labels.clear();
         }
         const double bottom = std::round(size_.height() - legendHeight_ - labelHeight);
         out_.canvas = QRectF(left, std::max(std::min(top, bottom - 1), 0.0), right - left, 0);
@@ -227,10 +227,11 @@ private:
         }
     }
 
-    // Each label stands right of its line and ends before the next one begins.
+    // Each label stands right of its line and ends before the next one, or the tags of means,
+    // begin.
     void layOutSeparatorTags() {
         const ChartFont& font = fonts_.get(ChartFace::text, 12, true);
-        double rightEnd = size_.width() - 2;
+        double rightEnd = out_.means.empty() ? size_.width() - 2 : out_.canvas.right();
         for (std::size_t i = out_.separators.size(); i-- > 0;) {
             const QString label = chartText(model_.separators[i].label);
             if (label.isEmpty())
@@ -352,21 +353,23 @@ private:
     }
 
     void layOutLabels() {
-        const LabelFonts fonts = labelFonts(labels_, fonts_);
-        for (std::size_t i = 0; i < labels_.lines.size(); ++i) {
-            CategoryLabel label;
+        const double pitch = (labels_.size + 3) * s_;
+        for (std::size_t i = 0; i < labels_.labels.size(); ++i) {
+            const PlannedLabel& planned = labels_.labels[i];
+            const LabelFonts fonts = labelFonts(planned.size, fonts_);
             const double centre = out_.slotRects[i].center().x();
-            double baseline = out_.canvas.bottom() + (labels_.size + 4) * s_;
-            for (const LabelLine& line : labels_.lines[i]) {
+            double baseline = out_.canvas.bottom() + pitch + s_;
+            CategoryLabel label;
+            for (const LabelLine& line : planned.lines) {
                 label.lines.push_back(centredLine(line.text, fonts.of(line), centre, baseline));
                 if (line.bracketed)
                     label.lines.back().colour = mutedInk;
                 const double width = label.lines.back().width;
-                label.rect |= QRectF(centre - width / 2, baseline - labels_.size * s_, width,
-                                     (labels_.size + 3) * s_);
-                baseline += (labels_.size + 3) * s_;
+                label.rect |=
+                    QRectF(centre - width / 2, baseline - labels_.size * s_, width, pitch);
+                baseline += pitch;
             }
-            if (labels_.cut[i])
+            if (planned.cut)
                 label.fullText = chartText(model_.categories[i]).toStdString();
             out_.labels.push_back(std::move(label));
         }

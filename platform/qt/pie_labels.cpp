@@ -69,7 +69,7 @@ std::vector<QStringList> setPieLabels(const std::vector<QString>& texts,
         QStringList lines = text.isEmpty() ? QStringList() : QStringList(text);
         // From an even share of the width upwards until the words fit into the lines.
         for (double width = whole / setting.lines; width < whole; width += whole / 20) {
-            QStringList tried = linesOf(wrapped(text, both, width, false));
+            QStringList tried = linesOf(wrapped(text, both, width));
             if (tried.size() <= setting.lines) {
                 lines = std::move(tried);
                 break;

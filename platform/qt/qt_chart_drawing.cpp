@@ -48,7 +48,7 @@ QByteArray linePicture(const ChartModel& model, const QSize& size) {
     generator.setResolution(96); // so that the picture's own size is the wanted one in pixels
     generator.setSize(size);
     generator.setViewBox(QRect(QPoint(0, 0), size));
-    generator.setTitle(QString::fromStdString(model.caption));
+    generator.setTitle(chartText(model.caption).toHtmlEscaped()); // which the generator does not do
     QPainter painter(&generator);
     LaidOutChart(model, size).paint(painter);
     painter.end();

@@ -24,7 +24,8 @@ double strength(std::span<const std::int16_t> samples, double frequencyHz) {
     return 2 * std::hypot(cosine, sine) / static_cast<double>(samples.size());
 }
 
-std::span<const std::int16_t> stretch(const Sound& sound, double startS, double lengthS) {
+std::span<const std::int16_t> stretch(const SynthesizedSound& sound, double startS,
+                                      double lengthS) {
     return std::span(sound.samples)
         .subspan(static_cast<std::size_t>(startS * soundRateHz),
                  static_cast<std::size_t>(lengthS * soundRateHz));
@@ -53,11 +54,11 @@ TEST(Sounds, HaveTheirLengthLoudnessAndMelodyWithoutClicks) {
         {"dingdong.wav", 44100, 0.05, 659.26, 0.70, 523.25},
         {"twinkles.wav", 39690, 0.03, 783.99, 0.50, 2093.0},
     };
-    const std::vector<Sound> sounds = startSounds();
+    const std::vector<SynthesizedSound> sounds = startSounds();
     ASSERT_EQ(sounds.size(), std::size(cases));
     for (std::size_t i = 0; i < sounds.size(); ++i) {
         const SoundCase& expected = cases[i];
-        const Sound& sound = sounds[i];
+        const SynthesizedSound& sound = sounds[i];
         SCOPED_TRACE(expected.name);
         EXPECT_EQ(sound.name, expected.name);
         ASSERT_EQ(sound.samples.size(), expected.sampleCount);

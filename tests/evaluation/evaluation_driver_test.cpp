@@ -1,7 +1,4 @@
-#include "core/file_names.h"
-#include "evaluation/chart_window.h"
 #include "tests/support/evaluation_fixture.h"
-#include "tests/support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 

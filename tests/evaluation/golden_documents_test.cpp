@@ -1,7 +1,6 @@
 // The whole chart documents of the sample measurement, held against texts written by hand, and the
 // problem lists that stand beside them.
 #include "tests/support/evaluation_fixture.h"
-#include "tests/support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 

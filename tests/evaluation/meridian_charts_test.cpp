@@ -58,15 +58,15 @@ TEST(MeridianCharts, TheGroupsOfTheFourthKindNameTwoPathwaysAndPointToTheFirstSe
     desk.measure("E", values);
     const ShownWindow shown = desk.press(1).at(0);
     const std::string& document = shown.texts.at("FusionCharts1");
-    // Means over 1 to 12 and 13 to 22: 18 and 14.
+    // Each dataset begins with the mean of its group, 257 / 12 and 130 / 12.
     EXPECT_EQ(attributesOf(document, "set", "value"),
-              (Texts{"20", "10", "100", "15", "22", "5", "18", "7", "1", "2", "9", "16", "6",   //
-                     "12", "21", "3", "8", "24", "12", "19", "20", "4", "11", "23", "14", "17"}));
+              (Texts{"21", "10", "100", "15", "22", "5", "18", "7", "1", "2", "9", "16", "6",   //
+                     "11", "21", "3", "8", "24", "12", "19", "20", "4", "11", "23", "14", "17"}));
     EXPECT_EQ(attributesOf(document, "category", "label").at(1), "LR  : LR ");
     EXPECT_EQ(attributesOf(document, "category", "label").at(12), "BL  : BL ");
     EXPECT_NE(document.find(", t146Dvorak"), std::string::npos);
-    // Against (18 + 14) / 2 = 16 all others lie in the band of 15, its edge 1 too. The weaker side
-    // is place 14, which is slot 3 in the set measured and slot 13 in the first.
+    // The means over 1 to 12 and 13 to 22 are 18 and 14: all others lie in the band of 15 round 16,
+    // 1 on its edge. The weaker side is place 14, which is slot 3 in the set measured and slot 13 in the first.
     EXPECT_EQ(shown.rows, Texts{"HT  : HT |problem 1|097|13||1"});
 }
 
@@ -79,8 +79,8 @@ TEST(MeridianCharts, AnUnmeasuredSideIsASidesProblemInTheFirstChartAlone) {
 }
 
 TEST(MeridianCharts, TheBandOfTheSidesComesFromTwoMeans) {
-    // 100 left and 99 right: the mean 99.5 is 100, the half of 100 and 99 less the width rounds to
-    // the even 84, and a band as wide as 14.5 is none.
+    // 100 left and 99 right: the mean of all, 99.5, becomes 100, and the middle of the two sides
+    // less the width, 84.5, becomes 84.
     EvaluationDesk desk;
     std::map<int, int> right;
     for (int slot = 13; slot <= 24; ++slot)

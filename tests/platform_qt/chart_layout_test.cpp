@@ -1,6 +1,7 @@
 // What must hold of every layout: nothing overlaps, nothing leaves its place, nothing is missing.
 #include "platform/chart_model.h"
 #include "platform/qt/chart_painter.h"
+#include "platform/qt/value_boxes.h"
 #include "tests/platform/chart_samples.h"
 
 #include <QImage>
@@ -392,6 +393,13 @@ TEST(ChartLayoutTest, DocumentsWithoutSenseAndTinyDrawingsAreDrawn) {
     std::vector<std::string> documents{
         "", "<chart>", "<chart yAxisMaxValue='0.001' numDivLines='20'><set value='1e9'/>",
         "<chart><dataset/><dataset/><set value='5'/><category label='a'/><vLine label='x'/>"};
+    std::string crowded = "<chart>"; // more series than stand side by side
+    for (int i = 0; i < 3; ++i) {
+        crowded += "<dataset seriesname='s'>";
+        for (int k = 0; k < 13; ++k)
+            crowded += "<set value='1" + std::to_string(10 + k * i) + "'/>";
+    }
+    documents.push_back(crowded);
     std::string many = "<chart>";
     for (int i = 0; i < 16; ++i) {
         many += "<dataset seriesname='a name of some length'>";
@@ -434,6 +442,55 @@ TEST(ChartLayoutTest, NothingOverlapsInDamagedDocuments) {
             if (testing::Test::HasFailure())
                 return;
         }
+    }
+}
+
+// Two bars of 17 in a slot of 50, foot at 200; what they show is 3 figures or 1 sign.
+TEST(ChartLayoutTest, ValueBoxesMakeRoomForEachOther) {
+    struct BoxCase {
+        const char* rule;
+        double leftTop;
+        double rightTop;
+        const char* leftText; // empty: no box
+        const char* rightText;
+        bool leftCentred;
+        bool rightCentred;
+        bool stacked;
+    };
+    const BoxCase cases[]{
+        {"narrow boxes stand over their bars", 100, 100, "8", "9", true, true, false},
+        {"a wide box over a low neighbour stays", 60, 150, "149", "", true, true, false},
+        {"a wide box beside a high neighbour grows outwards", 100, 60, "149", "", false, true,
+         false},
+        {"the same on the right", 60, 100, "", "149", true, false, false},
+        {"wide boxes at one height part", 100, 100, "149", "151", false, false, false},
+        {"boxes too wide to part are stacked", 100, 100, "MMM", "MMM", false, false, true},
+        {"at the top both go into the bars", 3, 3, "MMM", "MMM", false, false, true},
+    };
+    ChartFonts fonts("", "", 1);
+    for (const BoxCase& c : cases) {
+        const SlotRoom room{.rect = QRectF(0, 0, 50, 200),
+                            .bars = {QRectF(7, c.leftTop, 17, 200 - c.leftTop),
+                                     QRectF(26, c.rightTop, 17, 200 - c.rightTop)}};
+        std::vector<ValueBoxWish> wishes;
+        for (const std::size_t bar : {std::size_t{0}, std::size_t{1}})
+            if (const QString text = QString::fromUtf8(bar == 0 ? c.leftText : c.rightText);
+                !text.isEmpty())
+                wishes.push_back({.bar = bar, .text = text});
+        const std::vector<ValueBox> placed = placeValueBoxes(wishes, room, fonts);
+        ASSERT_EQ(placed.size(), wishes.size()) << c.rule;
+        for (const ValueBox& box : placed) {
+            const QRectF& bar = room.bars[box.bar];
+            const double shift = box.box.rect.center().x() - bar.center().x();
+            EXPECT_EQ(std::abs(shift) < 0.01, box.bar == 0 ? c.leftCentred : c.rightCentred)
+                << c.rule << ": " << shift;
+            const QRectF& other = room.bars[1 - box.bar];
+            EXPECT_TRUE(c.stacked || placed.size() == 2 || !collide(box.box.rect, other)) << c.rule;
+            EXPECT_TRUE(room.rect.contains(box.box.rect)) << c.rule;
+        }
+        const bool apart = placed.size() == 2 &&
+                           std::abs(placed[0].box.rect.top() - placed[1].box.rect.top()) > 10;
+        EXPECT_EQ(apart, c.stacked) << c.rule;
     }
 }
 

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QXmlStreamReader>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -243,6 +244,24 @@ TEST(QtChartDrawingTest, WritesPicturesByTheExtension) {
     EXPECT_TRUE(svg.contains("viewBox=\"0 0 745 320\""));
     EXPECT_TRUE(svg.contains("DRÁHY"));
     EXPECT_TRUE(svg.contains("#0082fb"));
+}
+
+TEST(QtChartDrawingTest, LineDrawingsAreWellFormedWhateverTheDocumentHolds) {
+    const ScratchFolder folder;
+    QtChartDrawing drawing;
+    const std::string odd = "A<b> & \"c\" \x01\xEF\xBF\xBF\xFF";
+    for (const int chartType : {samples::columnsType, samples::pieType}) {
+        drawing.draw("<chart caption='" + odd + "' subcaption='" + odd + "'><category label='" +
+                         odd + "'/><set label='" + odd + "' displayValue='" + odd + "' value='7'/>",
+                     chartType, {}, folder / "odd.svg");
+        QXmlStreamReader reader(bytesOf(folder / "odd.svg"));
+        QString title;
+        while (!reader.atEnd())
+            if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == u"title")
+                title = reader.readElementText();
+        EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+        EXPECT_TRUE(title.startsWith(u"A<b> & \"c\"")) << title.toStdString();
+    }
 }
 
 TEST(QtChartDrawingTest, ReplacesAnOlderPictureAndDrawsTheSameTwice) {

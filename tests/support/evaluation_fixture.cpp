@@ -5,7 +5,6 @@
 #include "clients/client_list.h"
 #include "clients/measurement_list.h"
 #include "core/file_names.h"
-#include "core/reference_database.h"
 #include "core/settings_file.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/test_installation.h"
@@ -16,20 +15,6 @@ namespace vorna {
 namespace {
 
 constexpr const char* clientFolder = "a826541203";
-
-void nameTextsByTheirKeys(const fs::path& appFolder) {
-    std::string texts = "[other]\n100=key 100\n";
-    for (int key = 1; key <= 146; ++key) {
-        const std::string name = "t" + std::to_string(key);
-        texts.append(name).append("=").append(name).append("\n");
-    }
-    writeFileAtomically(appFolder / names::languageFile(languageEnglish), texts);
-    for (const std::string_view name : {names::referenceTcm, names::referenceApm})
-        Database(appFolder / name, referencePassword).executeScript(R"(
-            update _GrafyTypy set "j-nazevGrafu" = 'chart ' || "j-id";
-            update _ProblemTypes set "j-descr" = 'problem ' || "j-problem";
-            update _Therapy_APM set "j-text" = 'text ' || "j-graf" || '/' || "j-column")");
-}
 
 void addClient(const fs::path& dataRoot) {
     Database(dataRoot / names::clients)
@@ -43,7 +28,6 @@ public:
     House() : folders{folder_ / "installation", folder_ / "data"} {
         copyInstallation(folders.appFolder);
         nameTextsByTheirKeys(folders.appFolder);
-        WriteIniValue(folders.appFolder / names::setup, "Global", "Jazyk", "2");
         TestPlatform seams;
         Session session;
         MainWindow window;

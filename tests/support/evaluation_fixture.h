@@ -6,6 +6,7 @@
 #include "application/main_window.h"
 #include "evaluation/evaluation_state.h"
 #include "evaluation/scoring.h"
+#include "platform/files.h"
 #include "tests/support/test_platform.h"
 
 #include <map>

@@ -9,4 +9,8 @@ namespace vorna {
 // The programs stay behind, and the modes' pictures are linked.
 void copyInstallation(const fs::path& into);
 
+// Makes an installation that starts in English, where a text is its own key ("t48" is the text of
+// t48) and chart names, problems and evaluation texts are their numbers ("chart 3").
+void nameTextsByTheirKeys(const fs::path& appFolder);
+
 } // namespace vorna

@@ -1,0 +1,121 @@
+#include "application/installation_check.h"
+#include "core/file_names.h"
+#include "core/reference_database.h"
+#include "core/settings_file.h"
+#include "tests/support/scratch_folder.h"
+#include "tests/support/test_installation.h"
+#include "tests/support/test_platform.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace vorna {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+struct NoWindows final : WindowHost {
+    void showModal(Window&) override {}
+};
+
+class InstallationCheckTest : public ::testing::Test {
+protected:
+    InstallationCheckTest() { copyInstallation(app); }
+
+    [[nodiscard]] std::vector<std::string> check() {
+        TestPlatform seams;
+        NoWindows windows;
+        Session session;
+        EvaluationState state;
+        Window window("Form1");
+        const ListView list(window, "ListView1");
+        EvaluationContext context{.session = session,
+                                  .state = state,
+                                  .platform = seams.platform,
+                                  .windows = windows,
+                                  .clientList = list,
+                                  .measurementList = list,
+                                  .recommend = {}};
+        const ScratchFolder scratch;
+        return checkInstallation(context, app, scratch.path());
+    }
+
+    void change(std::string_view database, const std::string& script) const {
+        Database(app / database, referencePassword).executeScript(script);
+    }
+    // Takes a line out of a text file.
+    void removeLine(std::string_view name, const std::string& start) const {
+        std::string text = readWholeFile(app / name);
+        const std::size_t from = text.find("\n" + start);
+        ASSERT_NE(from, std::string::npos) << start;
+        text.erase(from, text.find('\n', from + 1) - from);
+        writeFileAtomically(app / name, text);
+    }
+
+    ScratchFolder folder;
+    fs::path app = folder / "installation";
+};
+
+TEST_F(InstallationCheckTest, TheShippedOneHasNoFault) {
+    EXPECT_EQ(check(), std::vector<std::string>{});
+}
+
+TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
+    fs::remove(app / names::pipSound);
+    fs::remove_all(app / names::html);
+    removeLine("lang2.ini", "t48=");
+    removeLine("lang3.ini", "100=");
+    removeLine("lang4.ini", "Command37.caption=");
+    WriteIniValue(app / "lang1.ini", "other", "t49", "");
+    WriteIniValue(app / "lang1.ini", "other", "t101", std::string(255, 'x'));
+    change(names::referenceTcm, R"(
+        create table rows as select * from sadymereni;
+        drop table sadymereni;
+        create table sadymereni as select * from rows; -- which asks for nothing to be unique
+        create index bySlot on sadymereni (sada, cisloulozeni);
+        create index byPlace on sadymereni (sada, poradimereni);
+        delete from sadymereni where sada = 2 and cisloulozeni = 5;
+        update sadymereni set extIndex = (select extIndex from sadymereni
+            where sada = 3 and poradimereni = 1) where sada = 3 and poradimereni = 2;
+        update poradigrafy set cisloulozeni = 10 where sada = 1 and graf = 18 and sl24 = 2;
+        update _Therapy_APM set "j-text" = '' where "j-graf" = 6 and "j-column" = 3 and jazyk = 2;
+        delete from GrafyTypy where id = 14)");
+    writeFileAtomically(app / names::referenceApm, "no database");
+
+    const std::vector<std::string> faults = check();
+    const char* const expected[] = {
+        "the file pip.wav is missing",
+        "the folder HTML is missing",
+        "lang2.ini: the key other t48 is missing",
+        "lang3.ini: the key other 100 is missing",
+        "lang4.ini: the key graffrm Command37.caption is missing",
+        "lang1.ini: the key other t49 is empty",
+        "lang1.ini: the key other t101 is longer than a read shows",
+        "vorna-tcm.mdb, language 1: set 2, run place 1, field 1 is missing or empty",
+        "vorna-tcm.mdb, language 4: set 3, run place 2: the extIndex stands twice in the set",
+        "vorna-tcm.mdb, language 1: chart 18, set 1, place 2: the slot stands twice",
+        "vorna-tcm.mdb, language 2: evaluation text 6/3 is missing or empty",
+        "vorna-tcm.mdb, language 3: chart name 14 is missing or empty",
+        "vorna-apm.mdb does not open",
+    };
+    for (const char* const fault : expected)
+        EXPECT_THAT(faults, Contains(fault));
+    EXPECT_THAT(faults, Contains(HasSubstr("vorna-tcm.mdb, language 1: chart 1, set 2, place")))
+        << "the slot's place on the charts";
+    EXPECT_THAT(faults, Not(Contains("vorna-tcm.mdb, language 1: evaluation text 6/3 is missing or "
+                                     "empty")));
+}
+
+TEST_F(InstallationCheckTest, AnEmptyFolderIsOneLongListOfFaults) {
+    fs::remove_all(app);
+    fs::create_directories(app);
+    const std::vector<std::string> faults = check();
+    EXPECT_THAT(faults, Contains("the file lang1.ini is missing"));
+    EXPECT_THAT(faults, Contains("vorna-tcm.mdb does not open"));
+    EXPECT_GT(faults.size(), 100U) << "every text";
+}
+
+} // namespace
+} // namespace vorna
