@@ -6,16 +6,16 @@
 namespace vorna {
 
 PictureWindow::PictureWindow(const Session& session) : Window("Form6") {
+    setCaption(session.texts.value(section(), "Form6.caption"));
     back.clicked = [this] { close(); };
     applyLanguage(session, *this);
 }
 
 void showPicture(const Session& session, WindowHost& windows, const std::filesystem::path& file) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error))
-        return;
     PictureWindow window(session);
-    window.picture.path = pathText(file);
+    if (std::filesystem::is_regular_file(file, error))
+        window.picture.path = pathText(file);
     windows.showModal(window);
 }
 

@@ -16,7 +16,7 @@ struct PictureWindow final : Window {
     Button back{*this, "Command4"};
 };
 
-// Shows a picture file modally. A file that is missing opens no window.
+// Shows a picture file modally. With a file that is missing the window stays empty.
 void showPicture(const Session& session, WindowHost& windows, const std::filesystem::path& file);
 
 // One of the mode's pictures with words in them: "hvezdice", "tomek-jin" or "tomek-jang", in the

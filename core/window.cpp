@@ -58,7 +58,9 @@ const ListRow* ListView::selectedRow() const {
 }
 
 void TabStrip::change(std::size_t tab, const std::function<void(Tab&)>& edit) {
-    edit(tabs_.at(tab));
+    if (tab >= tabs_.size())
+        throw Failure("a tab strip has no such tab");
+    edit(tabs_[tab]);
     changed();
 }
 

@@ -242,7 +242,7 @@ public:
     virtual void load() {}
     [[nodiscard]] bool closed() const { return closed_; }
     virtual void close();
-    // Called by the host: a window can be shown again after it was closed.
+    // Called by the host as it shows the window.
     void open() { closed_ = false; }
 
     // Null as long as the user has touched no control.

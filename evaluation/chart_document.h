@@ -48,7 +48,8 @@ std::string labelledSeparator(std::string_view colour, std::string_view text);
 std::string openDataset(std::string_view seriesName, std::string_view rest);
 // Mean line and band with their opening and closing.
 std::string trendLines(std::int32_t mean, std::int64_t low, std::int64_t high);
-// The style block, which also closes the document. The title is 16 high, 14 in small pies.
+// The style block, which also closes the document. The title is 16 high, 14 in the
+// quadrant pie and the side pies.
 std::string styleBlock(int titleSize = 16);
 
 // Hands the document to the control and draws it.

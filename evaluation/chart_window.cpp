@@ -35,6 +35,7 @@ ChartWindow::ChartWindow(EvaluationContext& context)
     evaluation.visible = false;
     problems.visible = false;
     hideEvaluation.visible = false;
+    showHeadings();
     std::vector<std::string> headers;
     for (const char* const key : {"0", "1", "2", "3", "4"})
         headers.push_back(
@@ -44,7 +45,7 @@ ChartWindow::ChartWindow(EvaluationContext& context)
     showEvaluation.clicked = [this] { onShowEvaluation(); };
     hideEvaluation.clicked = [this] { onHideEvaluation(); };
     elements.clicked = [this] { showElementWindow(context_); };
-    balance.clicked = [this] { onBalance(); };
+    balance.clicked = [this] { showBalanceWindow(context_); };
     star.clicked = [this] { showLanguagePicture(context_.session, context_.windows, "hvezdice"); };
     savePicture.clicked = [this] { onSavePicture(); };
     back.clicked = [this] { close(); };
@@ -75,6 +76,7 @@ void ChartWindow::onShowEvaluation() {
         evaluation.text = context_.state.apmTherapyText;
     else
         problems.visible = true;
+    showHeadings();
 }
 
 void ChartWindow::onHideEvaluation() {
@@ -83,6 +85,13 @@ void ChartWindow::onHideEvaluation() {
         evaluation.text = context_.state.apmTherapyText;
     else
         problems.visible = false;
+    showHeadings();
+}
+
+void ChartWindow::showHeadings() {
+    problemsHeading.visible = problems.visible;
+    hint.visible = problems.visible;
+    evaluationHeading.visible = evaluation.visible;
 }
 
 // The balance window changes the chart type under an open chart window: the element that counts is
@@ -91,10 +100,6 @@ void ChartWindow::keepButtonsInStep() {
     const bool shown = showsText() ? evaluation.visible : problems.visible;
     showEvaluation.visible = !shown;
     hideEvaluation.visible = shown;
-}
-
-void ChartWindow::onBalance() {
-    attempt([&] { showBalanceWindow(context_); });
 }
 
 void ChartWindow::onSavePicture() {

@@ -35,8 +35,8 @@ private:
     [[nodiscard]] bool showsText() const;
     void onShowEvaluation();
     void onHideEvaluation();
+    void showHeadings();
     void keepButtonsInStep();
-    void onBalance();
     void onSavePicture();
     void onReportPictureDue();
 
@@ -45,7 +45,7 @@ private:
     Timer reportPicture_;
 };
 
-// The column of the problem list that names the pathway to the recommendation, and its headings.
+// The columns of the problem list behind the meridian or element.
 inline constexpr std::size_t problemColumn = 1;
 inline constexpr std::size_t differenceColumn = 2;
 inline constexpr std::size_t pathwayColumn = 3;

@@ -17,6 +17,7 @@ constexpr int titleRow = 14;
 } // namespace
 
 ElementWindow::ElementWindow(EvaluationContext& context) : Window("Form7"), context_(context) {
+    setCaption(context.session.texts.value(section(), "Form7.caption"));
     back.clicked = [this] { close(); };
     quadrants.clicked = [this] { showQuadrantWindow(context_); };
     yinPicture.clicked = [this] {
@@ -29,10 +30,6 @@ ElementWindow::ElementWindow(EvaluationContext& context) : Window("Form7"), cont
 }
 
 void ElementWindow::load() {
-    // Opened straight from its chart button it has no builder before it that named the client.
-    nameClient(context_, context_.state.CurrentKind);
-    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, titleRow); });
-    subtitle.caption = subcaption(context_, kindLabel(context_));
     attempt([&] {
         const ListRow& row = selectedMeasurement(context_);
         const std::filesystem::path path = selectedMeasurementPath(context_);
@@ -43,6 +40,9 @@ void ElementWindow::load() {
                                 static_cast<ElementPie>(i + 1));
             });
     });
+    // The pies have named the client by now.
+    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, titleRow); });
+    subtitle.caption = subcaption(context_, kindLabel(context_));
 }
 
 void showElementWindow(EvaluationContext& context) {

@@ -60,8 +60,9 @@ void pressChartButton(EvaluationContext& context, int button, bool listIsActive)
     const ListRow* const row = context.measurementList.selectedRow();
     if (row == nullptr)
         return;
-    const std::string_view kindLetter = row->subItem(kindColumn);
-    const std::string_view madeIn = row->subItem(modeColumn);
+    // Copies: a message is a turn of the loop, in which the list may be filled anew.
+    const std::string kindLetter(row->subItem(kindColumn));
+    const std::string madeIn(row->subItem(modeColumn));
     const std::int16_t mode = context.session.mode;
     const auto warn = [&] { context.platform.dialogs.message(t(context.session, "t33")); };
     if (kindLetter == "E" && mode == modeApm)

@@ -25,11 +25,9 @@ MeasurementRecord readOrZeros(const std::filesystem::path& path) {
 }
 
 void nameClient(EvaluationContext& context, int kind) {
-    const ListRow* const client = context.clientList.selectedRow();
-    if (client == nullptr)
-        return;
     EvaluationState& state = context.state;
-    state.ClientLabel = clientLabel(client->text, client->subItem(1));
+    if (const ListRow* const client = context.clientList.selectedRow())
+        state.ClientLabel = clientLabel(client->text, client->subItem(1));
     state.NewMeasurementName = formatTime(context.platform.clock.now(), "yyMMddHHmmss") +
                                (kind == setOfKindLetter("P") ? "_P_" : "_T_") + state.ClientLabel +
                                ".daf";

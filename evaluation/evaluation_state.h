@@ -58,7 +58,7 @@ std::filesystem::path selectedMeasurementPath(const EvaluationContext& context);
 MeasurementRecord readOrZeros(const std::filesystem::path& path);
 
 // Sets ClientLabel from the selected client and NewMeasurementName from it, the kind and the time.
-// Without a selected client both stay as they were.
+// Without a selected client ClientLabel stays as it was.
 void nameClient(EvaluationContext& context, int kind);
 
 } // namespace vorna

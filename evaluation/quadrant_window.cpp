@@ -17,6 +17,7 @@ constexpr int firstSidePie = 9;
 } // namespace
 
 QuadrantWindow::QuadrantWindow(EvaluationContext& context) : Window("Form8"), context_(context) {
+    setCaption(context.session.texts.value(section(), "Form8.caption"));
     back.clicked = [this] { close(); };
     yinPicture.clicked = [this] {
         showLanguagePicture(context_.session, context_.windows, "tomek-jin");

@@ -22,7 +22,8 @@ using ChartValues = std::array<std::int16_t, slotCount + 1>;
 // x / koef, rounded to 16 bits. Failure when koef is 0 or the result does not fit.
 std::int16_t ScaledValue(double x, std::int16_t koef);
 
-// ScaledValue of each value. One that fails is left 0, which everywhere means "not measured".
+// ScaledValue of each value. One that fails is left 0, as for a point that
+// was not measured.
 ChartValues scaledValues(const StoredValues& values, std::int16_t koef);
 
 // The mean in chart units over the comma-separated places of `list`, values of 0 and below left

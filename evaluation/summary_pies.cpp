@@ -181,8 +181,9 @@ void BuildQuadrantPie(EvaluationContext& context, const std::filesystem::path& p
     constexpr std::array<std::string_view, 4> colours{"fe0000", "fe0000", "0082fb", "0082fb"};
     Session& session = context.session;
     prepareControl(session, control, pieChart);
-    const StoredValues ordered =
-        GraphOrder(session, readOrZeros(path).values, quadrantOrder, kindOfTwo(kindLetter));
+    const int kind = kindOfTwo(kindLetter);
+    nameClient(context, kind);
+    const StoredValues ordered = GraphOrder(session, readOrZeros(path).values, quadrantOrder, kind);
     const Quarters quarters = quartersOf(scaledValues(ordered, session.koef));
     const std::size_t chosen = farthestQuarter(quarters);
 
@@ -202,6 +203,7 @@ void BuildSideElementPie(EvaluationContext& context, const std::filesystem::path
     Session& session = context.session;
     prepareControl(session, control, pieChart);
     const int kind = kindOfTwo(kindLetter);
+    nameClient(context, kind);
     const SideMeridians side = sideMeridiansOf(session, readOrZeros(path).values, kind, chartId);
 
     std::string xml = sideElementPieHead(title(session, chartId));
@@ -224,6 +226,7 @@ void BuildElementPie(EvaluationContext& context, const std::filesystem::path& pa
                      std::string_view kindLetter, ChartControl& control, ElementPie which) {
     Session& session = context.session;
     prepareControl(session, control, pieChart);
+    nameClient(context, setOfKindLetter(kindLetter));
     const MeasurementRecord record = readOrZeros(path);
     context.state.CurrentRecord = {};
     const StoredValues values = elementValues(context, record, kindLetter);

@@ -28,10 +28,17 @@ void Timer::fire() {
         return;
     if (kind_ == Kind::OneShot)
         stop();
-    *entered = true;
+    // Left again also when the handler throws.
+    struct Entry {
+        explicit Entry(bool& flag) : flag_(flag) { flag_ = true; }
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+        ~Entry() { flag_ = false; }
+        bool& flag_;
+    };
+    const Entry entry(*entered);
     const EventLoop::Handler handler = handler_;
     handler();
-    *entered = false;
 }
 
 } // namespace vorna

@@ -2,6 +2,7 @@
 
 #include "clients/client_list.h"
 #include "clients/measurement_list.h"
+#include "evaluation/chart_window.h"
 #include "tool/command.h"
 
 #include <algorithm>
@@ -32,7 +33,11 @@ ToolProcess::ToolProcess(const ToolOptions& options)
                                                .opener = opener,
                                                .sound = sound,
                                                .drawing = drawing},
-      windows(loop, [this] { return state.ReportChartIndex > 0; }),
+      windows(loop,
+              [this](const Window& shown) {
+                  return state.ReportChartIndex > 0 &&
+                         dynamic_cast<const ChartWindow*>(&shown) != nullptr;
+              }),
       context{.session = session,
               .state = state,
               .platform = platform,

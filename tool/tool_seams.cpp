@@ -85,7 +85,7 @@ void ModalWindows::showModal(Window& window) {
     window.load();
     if (visit)
         visit(window);
-    if (closesItself_ && closesItself_())
+    if (closesItself_ && closesItself_(window))
         loop_.runUntil([&] { return window.closed(); });
     if (!window.closed())
         window.close();

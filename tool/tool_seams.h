@@ -83,7 +83,7 @@ private:
 // unless it closes itself while the time goes on (as a chart window of a report does).
 class ModalWindows final : public WindowHost {
 public:
-    ModalWindows(EventLoop& loop, std::function<bool()> closesItself)
+    ModalWindows(EventLoop& loop, std::function<bool(const Window&)> closesItself)
         : loop_(loop), closesItself_(std::move(closesItself)) {}
 
     void showModal(Window& window) override;
@@ -92,7 +92,7 @@ public:
 
 private:
     EventLoop& loop_;
-    std::function<bool()> closesItself_;
+    std::function<bool(const Window&)> closesItself_;
 };
 
 } // namespace vorna

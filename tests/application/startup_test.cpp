@@ -86,9 +86,8 @@ TEST_F(StartupTest, ASessionBeginsWithTheClientListAndNoClient) {
     EXPECT_EQ(tabs[5].caption, "Nastavení");
     EXPECT_FALSE(tabs[2].enabled);
     EXPECT_FALSE(tabs[3].visible);
-    EXPECT_EQ(window.clientList.headers.get(),
-              (Texts{"Příjmení", "Jméno", "Datum narození", "Telefon", "Poslední návštěva",
-                     "Založen"}));
+    EXPECT_EQ(window.clientList.headers.get(), (Texts{"Příjmení", "Jméno", "Datum narození",
+                                                      "Telefon", "Poslední návštěva", "Založen"}));
     EXPECT_EQ(window.gender.rows.get(), (Texts{"muž", "žena"}));
     EXPECT_EQ(window.chartLabels.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
     EXPECT_EQ(window.reportCharts.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
@@ -140,9 +139,20 @@ TEST_F(StartupTest, AStarterFolderThatStaysIsCopiedOverTheClients) {
     fs::remove_all(dataRoot / names::html);
     start();
     EXPECT_EQ(readWholeFile(dataRoot / names::data / "a1"), "shipped");
-    EXPECT_EQ(readWholeFile(dataRoot / names::backup / "20250131-143005-first-run" / names::data /
-                            "a1"),
-              "mine");
+    EXPECT_EQ(
+        readWholeFile(dataRoot / names::backup / "20250131-143005-first-run" / names::data / "a1"),
+        "mine");
+}
+
+TEST_F(StartupTest, WhatCannotBeBackedUpIsNotOverwritten) {
+    start();
+    writeFileAtomically(dataRoot / names::anamnesis, "mine");
+    fs::remove(dataRoot / names::newk);
+    writeFileAtomically(dataRoot / names::backup, "a file in the way");
+    fs::remove_all(dataRoot / names::html);
+    EXPECT_TRUE(start()->firstRun);
+    EXPECT_EQ(readWholeFile(dataRoot / names::anamnesis), "mine");
+    EXPECT_TRUE(fs::exists(dataRoot / names::newk)) << "nothing was to be lost there";
 }
 
 TEST_F(StartupTest, WhatCannotBeCopiedStopsNothing) {
@@ -189,18 +199,17 @@ TEST_F(StartupTest, TheModeIsReadFromItsSetting) {
         bool tcm; // shown and its folder
         bool tcmDatabase;
     };
-    const Case cases[] = {
-        {"1", 1, true, true},    {"", 1, true, true},    {"0", 0, false, false},
-        {"2", 2, false, true},   {"-1", -1, false, true}, {"x", 0, false, false},
-        {"99999", 0, false, false}};
+    const Case cases[] = {{"1", 1, true, true},      {"", 1, true, true},
+                          {"0", 0, false, false},    {"2", 2, false, true},
+                          {"-1", -1, false, true},   {"x", 0, false, false},
+                          {"99999", 0, false, false}};
     start();
     fs::remove(dataRoot / names::referenceApm); // so that it can be told which one opens
     for (const Case& mode : cases) {
         const auto run = startWith("ModFunkce", mode.setting);
         const MainWindow& window = run->window;
         EXPECT_EQ(run->session.mode, mode.mode) << mode.setting;
-        EXPECT_EQ(run->session.modeFolder,
-                  folders.appFolder / "rezim" / (mode.tcm ? "tcm" : "apm"))
+        EXPECT_EQ(run->session.modeFolder, folders.appFolder / "rezim" / (mode.tcm ? "tcm" : "apm"))
             << mode.setting;
         EXPECT_EQ(window.caption(), mode.tcm ? "VORNA - TCM" : "VORNA - APM") << mode.setting;
         EXPECT_EQ(window.tcmOption.checked, mode.tcm) << mode.setting;
@@ -268,7 +277,8 @@ TEST_F(StartupTest, TheWindowComesUpWhereItsSettingsSay) {
         {"a second screen", &WindowPlace::left, "Global", "pozx", "57600", 57600},
         {"the top", &WindowPlace::top, "Global", "pozy", "30", 30},
         {"above the screen", &WindowPlace::top, "Global", "pozy", "-0,5", 0},
-        {"the width, however written", &WindowPlace::width, "design", "form1.width", "15000", 15000},
+        {"the width, however written", &WindowPlace::width, "design", "form1.width", "15000",
+         15000},
         {"no number keeps the width", &WindowPlace::width, "design", "form1.Width", "wide", 12000},
         {"none is 800 pixels", &WindowPlace::width, "design", "form1.width", "", 12000},
         {"none is 600 pixels", &WindowPlace::height, "design", "form1.Height", "", 9000},
@@ -277,8 +287,7 @@ TEST_F(StartupTest, TheWindowComesUpWhereItsSettingsSay) {
     start();
     for (const Case& place : cases) {
         WriteIniValue(dataRoot / names::user, place.section, place.key, place.text);
-        EXPECT_EQ(start()->window.place.*place.member, place.value)
-            << place.rule;
+        EXPECT_EQ(start()->window.place.*place.member, place.value) << place.rule;
     }
 }
 

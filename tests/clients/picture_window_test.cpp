@@ -21,7 +21,7 @@ struct PressingHost final : WindowHost {
     bool closed = false;
 };
 
-TEST(PictureWindow, ShowsOnlyPicturesThatAreThere) {
+TEST(PictureWindow, StaysEmptyWithoutItsPicture) {
     Workplace place;
     place.folder.write("installation/lang1.ini", "[Form6]\nCommand4.caption=Zpět\n");
     const fs::path czech = place.folder.write("installation/rezim/tcm/obr2/Lang/Hvezdice1.JPG", "");
@@ -35,7 +35,8 @@ TEST(PictureWindow, ShowsOnlyPicturesThatAreThere) {
     showLanguagePicture(place.session, host, "hvezdice");
     showPicture(place.session, host, czech.parent_path());
     showPicture(place.session, host, {});
-    EXPECT_EQ(host.shown.size(), 1U) << "missing, a folder, no name";
+    const std::vector<std::string> shown{pathText(czech), "", "", ""};
+    EXPECT_EQ(host.shown, shown) << "there, missing, a folder, no name";
 }
 
 } // namespace

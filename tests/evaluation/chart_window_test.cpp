@@ -129,7 +129,9 @@ TEST(ChartWindow, OfAUserStaysOpenAndSavesWhenAsked) {
 TEST(ChartWindow, ADoubleClickOnAProblemAsksForItsSolution) {
     EvaluationDesk desk;
     std::vector<int> asked;
-    desk.context.recommend = [&](ChartWindow& window) { asked.push_back(window.problems.selected); };
+    desk.context.recommend = [&](ChartWindow& window) {
+        asked.push_back(window.problems.selected);
+    };
     desk.measure("P", sampleValues());
     whileOpen(desk, 2, [&](ChartWindow& window) {
         window.problems.selected = 1;

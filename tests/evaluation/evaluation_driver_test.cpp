@@ -10,8 +10,8 @@ namespace {
 using Texts = std::vector<std::string>;
 
 bool onlyZeros(const Texts& values) {
-    return !values.empty() &&
-           std::all_of(values.begin(), values.end(), [](const auto& value) { return value == "0"; });
+    return !values.empty() && std::all_of(values.begin(), values.end(),
+                                          [](const auto& value) { return value == "0"; });
 }
 
 TEST(EvaluationDriver, WithoutASelectedMeasurementNothingHappens) {
@@ -69,12 +69,10 @@ TEST(EvaluationDriver, EachButtonMapsTheKindInItsOwnWay) {
     };
     const Case cases[] = {
         {0, {1, 2, 3, 3, 3}, 1}, // the last two are the driver's
-        {1, {1, 2, 3, 4, 4}, 2},
-        {2, {1, 2, 3, 4, 4}, 3},
+        {1, {1, 2, 3, 4, 4}, 2}, {2, {1, 2, 3, 4, 4}, 3},
         {3, {1, 2, 3, 3, 3}, 7}, // the balance window's own number stays
         {4, {1, 2, 3, 3, 3}, 7}, // the element window leaves the last one
-        {5, {1, 2, 3, 3, 3}, 6},
-        {6, {1, 2, 3, 3, 3}, 7},
+        {5, {1, 2, 3, 3, 3}, 6}, {6, {1, 2, 3, 3, 3}, 7},
     };
     EvaluationDesk desk;
     constexpr std::array<std::string_view, 5> letters{"P", "T", "B", "E", "X"};
@@ -132,13 +130,17 @@ TEST(EvaluationDriver, TheTextOfAnEvaluationStaysUntilAnotherIsWritten) {
     EvaluationDesk desk;
     desk.measure("P", sampleValues());
     EXPECT_EQ(desk.state.apmTherapyText, "");
-    const std::pair<int, const char*> presses[] = {
-        {0, ""},           {1, ""},
-        {2, ""},           {5, "text 5/4"},
-        {0, "text 5/4"},   {1, "text 5/4"},
-        {2, "text 5/4"},   {6, "text 6/1\r\ntext 6/2"},
-        {4, "text 6/1\r\ntext 6/2"}, {3, "key 100"},
-        {2, "key 100"}};
+    const std::pair<int, const char*> presses[] = {{0, ""},
+                                                   {1, ""},
+                                                   {2, ""},
+                                                   {5, "text 5/4"},
+                                                   {0, "text 5/4"},
+                                                   {1, "text 5/4"},
+                                                   {2, "text 5/4"},
+                                                   {6, "text 6/1\r\ntext 6/2"},
+                                                   {4, "text 6/1\r\ntext 6/2"},
+                                                   {3, "key 100"},
+                                                   {2, "key 100"}};
     for (const auto& [button, text] : presses) {
         desk.press(button);
         EXPECT_EQ(desk.state.apmTherapyText, text) << button;

@@ -46,8 +46,8 @@ TEST(GoldenDocuments, OfTheChartWindow) {
         {2,
          "chart3",
          "t44CHART 3",
-         {"Wood|problem 1|054|12||1", "Fire|problem 1|052|09||1",
-          "Metal|problem 2|013|01|t137|2", "Water|problem 2|028|07|t138|2"}},
+         {"Wood|problem 1|054|12||1", "Fire|problem 1|052|09||1", "Metal|problem 2|013|01|t137|2",
+          "Water|problem 2|028|07|t138|2"}},
         {5, "chart6", "t44CHART 6", {}},
         {6, "chart7", "t44CHART 7", {}},
     };

@@ -59,14 +59,16 @@ TEST(MeridianCharts, TheGroupsOfTheFourthKindNameTwoPathwaysAndPointToTheFirstSe
     const ShownWindow shown = desk.press(1).at(0);
     const std::string& document = shown.texts.at("FusionCharts1");
     // Each dataset begins with the mean of its group, 257 / 12 and 130 / 12.
-    EXPECT_EQ(attributesOf(document, "set", "value"),
-              (Texts{"21", "10", "100", "15", "22", "5", "18", "7", "1", "2", "9", "16", "6",   //
-                     "11", "21", "3", "8", "24", "12", "19", "20", "4", "11", "23", "14", "17"}));
+    EXPECT_EQ(
+        attributesOf(document, "set", "value"),
+        (Texts{"21", "10", "100", "15", "22", "5",  "18", "7",  "1", "2",  "9",  "16", "6", //
+               "11", "21", "3",   "8",  "24", "12", "19", "20", "4", "11", "23", "14", "17"}));
     EXPECT_EQ(attributesOf(document, "category", "label").at(1), "LR  : LR ");
     EXPECT_EQ(attributesOf(document, "category", "label").at(12), "BL  : BL ");
     EXPECT_NE(document.find(", t146Dvorak"), std::string::npos);
     // The means over 1 to 12 and 13 to 22 are 18 and 14: all others lie in the band of 15 round 16,
-    // 1 on its edge. The weaker side is place 14, which is slot 3 in the set measured and slot 13 in the first.
+    // 1 on its edge. The weaker side is place 14, which is slot 3 in the set measured and slot 13
+    // in the first.
     EXPECT_EQ(shown.rows, Texts{"HT  : HT |problem 1|097|13||1"});
 }
 

@@ -45,14 +45,38 @@ TEST(BalanceWindow, ItsFiguresAreHalfDifferences) {
         std::pair<int, int> marker;
     };
     const Case cases[] = {
-        {"the sample: 17 leaves 8, 3 leaves 2", sampleValues(), "t79 8 %", "t80 4 %",
-         "t136 2 %", "104", "9.5 %", {2288, 2400}},
-        {"equal sides", levelValues(100), "t79 0 %", "t81 0 %", "t136 0 %", "100", "0 %",
+        {"the sample: 17 leaves 8, 3 leaves 2",
+         sampleValues(),
+         "t79 8 %",
+         "t80 4 %",
+         "t136 2 %",
+         "104",
+         "9.5 %",
+         {2288, 2400}},
+        {"equal sides",
+         levelValues(100),
+         "t79 0 %",
+         "t81 0 %",
+         "t136 0 %",
+         "100",
+         "0 %",
          {2500, 2500}},
-        {"one unit less on the right rounds to none", levelValues(100, rightSide(99)), "t79 0 %",
-         "t81 0 %", "t136 0 %", "100", "0.5 %", {2512, 2500}},
-        {"nothing on the right", levelValues(200, rightSide(0)), "t78 100 %", "t81 0 %",
-         "t136 0 %", "100", "100 %", {5000, 2500}},
+        {"one unit less on the right rounds to none",
+         levelValues(100, rightSide(99)),
+         "t79 0 %",
+         "t81 0 %",
+         "t136 0 %",
+         "100",
+         "0.5 %",
+         {2512, 2500}},
+        {"nothing on the right",
+         levelValues(200, rightSide(0)),
+         "t78 100 %",
+         "t81 0 %",
+         "t136 0 %",
+         "100",
+         "100 %",
+         {5000, 2500}},
     };
     EvaluationDesk desk;
     for (const Case& figures : cases) {
@@ -132,11 +156,10 @@ TEST(ElementWindow, OpensTheQuadrantsWithOnePieInEachPlace) {
         const char* control;
         const char* title;
     };
-    const Place places[] = {
-        {0, "FusionCharts1", "CHART 16"}, {0, "FusionCharts2", "CHART 15"},
-        {0, "FusionCharts3", "CHART 17"}, {1, "FusionCharts5", "CHART 2"},
-        {1, "FusionCharts1", "CHART 9"},  {1, "FusionCharts2", "CHART 10"},
-        {1, "FusionCharts3", "CHART 11"}, {1, "FusionCharts4", "CHART 12"}};
+    const Place places[] = {{0, "FusionCharts1", "CHART 16"}, {0, "FusionCharts2", "CHART 15"},
+                            {0, "FusionCharts3", "CHART 17"}, {1, "FusionCharts5", "CHART 2"},
+                            {1, "FusionCharts1", "CHART 9"},  {1, "FusionCharts2", "CHART 10"},
+                            {1, "FusionCharts3", "CHART 11"}, {1, "FusionCharts4", "CHART 12"}};
     for (const Place& place : places)
         EXPECT_EQ(
             attributesOf(shown[place.window].texts.at(place.control), "chart", "caption").at(0),

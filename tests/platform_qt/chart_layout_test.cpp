@@ -214,6 +214,50 @@ TEST(ChartLayoutTest, TextsAreLegibleAndGrowWithTheDrawing) {
     }
 }
 
+TEST(ChartLayoutTest, CategoryLabelsShareTheRow) {
+    struct LabelCase {
+        const char* rule;
+        std::vector<std::string> labels;
+        std::size_t rows;
+        int largest; // pixels
+        int smallest;
+    };
+    const std::vector<std::string> twelve(12, "OS/PC");
+    const auto withFirst = [&](const char* label) {
+        std::vector<std::string> labels = twelve;
+        labels.insert(labels.begin(), label);
+        return labels;
+    };
+    const std::vector<LabelCase> cases{
+        {"all fit", twelve, 1, 14, 14},
+        {"one long word is smaller, not all", withFirst("Среднее"), 1, 14, 11},
+        {"one pair of words is smaller, not broken", withFirst("jin jang"), 1, 14, 12},
+        {"many pairs of words break", std::vector<std::string>(15, "jin jang"), 2, 14, 14},
+        {"many long words are all smaller", std::vector<std::string>(13, "Среднее"), 1, 11, 11},
+        {"brackets break alike", {"Wood (LR, GB, more)", "Fire (HT ,SI )"}, 2, 14, 12},
+        {"words break at a slash", std::vector<std::string>(26, "OS/PC"), 2, 11, 9},
+    };
+    for (const LabelCase& c : cases) {
+        ChartModel model;
+        model.categories = c.labels;
+        const LaidOutChart chart(model, QSizeF(c.labels.size() == 2 ? 300 : 745, 320));
+        std::size_t rows = 0;
+        int largest = 0;
+        int smallest = 100;
+        for (const CategoryLabel& label : chart.columns()->labels) {
+            rows = std::max(rows, label.lines.size());
+            EXPECT_EQ(label.fullText, "") << c.rule;
+            for (const ChartTextLine& line : label.lines) {
+                largest = std::max(largest, line.font.pixelSize());
+                smallest = std::min(smallest, line.font.pixelSize());
+            }
+        }
+        EXPECT_EQ(rows, c.rows) << c.rule;
+        EXPECT_EQ(largest, c.largest) << c.rule;
+        EXPECT_GE(smallest, c.smallest) << c.rule;
+    }
+}
+
 // The parts of a pie that labels and leaders must keep off.
 bool touchesSlices(const PieLayout& layout, const QRectF& rect) {
     return std::any_of(layout.slices.begin(), layout.slices.end(),

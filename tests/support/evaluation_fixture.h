@@ -34,8 +34,8 @@ public:
     std::function<void(Window&)> visit;
 };
 
-// What the attribute of each of a document's elements of a name holds, in the document's order; empty
-// text for an element without it.
+// What the attribute of each of a document's elements of a name holds, in the document's order;
+// empty text for an element without it.
 std::vector<std::string> attributesOf(const std::string& document, const std::string& element,
                                       const std::string& attribute);
 

@@ -27,8 +27,8 @@ TEST_F(DataCommandsTest, SessionTellsWhatStartUpSets) {
         "userName": "", "tabs": ["t103", "t104", "t105", "t106", "t107", "t108"],
         "clients": CLIENTS})";
     const auto withValues = [&](const char* firstRun, const char* clients) {
-        const std::string text = replaced(
-            replaced(expected, "DATA", pathText(dataRoot)), "APP", pathText(app));
+        const std::string text =
+            replaced(replaced(expected, "DATA", pathText(dataRoot)), "APP", pathText(app));
         return printed(replaced(replaced(text, "FIRST", firstRun), "CLIENTS", clients));
     };
     EXPECT_EQ(run({"session"}).out, withValues("true", "[]"));
@@ -103,9 +103,9 @@ TEST_F(DataCommandsTest, AMeasurementFileIsWrittenAndRead) {
     const std::string values = "1,2,3,4,5,6,7,8,9,10,11,12,0,-1,2147483647,-2147483648,"
                                "17,18,19,20,21,22,23,24";
     for (const char* const label : {"P – zdrojové body", "П", ""}) {
-        const std::string expected = printed(R"({"messages": [], "setLabel": ")" +
-                                             std::string(label) + R"(", "values": [)" + values +
-                                             "]}");
+        const std::string expected =
+            printed(R"({"messages": [], "setLabel": ")" + std::string(label) + R"(", "values": [)" +
+                    values + "]}");
         EXPECT_EQ(run({"write-daf", file, "--label", label, "--values", values}).out, expected);
         EXPECT_EQ(run({"read-daf", file}).out, expected);
         EXPECT_EQ(fs::file_size(file), 300U);
@@ -117,18 +117,19 @@ TEST_F(DataCommandsTest, AMeasurementFileIsWrittenAndRead) {
 }
 
 TEST_F(DataCommandsTest, CheckTellsTheFaults) {
-    const auto check = [&](const fs::path& installation) {
-        const ToolOutcome outcome = runPlain({"check", "--app-folder", pathText(installation)});
-        EXPECT_EQ(outcome.err, "");
-        return std::pair(outcome.exitStatus, outcome.out);
-    };
-    EXPECT_EQ(check(VORNA_TEST_INSTALLATION),
-              std::pair(0, printed(R"({"messages": [], "faults": []})")));
+    const ToolOutcome clean = runPlain({"check", "--app-folder", VORNA_TEST_INSTALLATION});
+    EXPECT_EQ(clean.exitStatus, 0);
+    EXPECT_EQ(clean.out, printed(R"({"messages": [], "faults": []})"));
+    EXPECT_EQ(clean.err, "");
     const fs::path damaged = folder / "damaged";
     copyInstallation(damaged);
     fs::remove(damaged / names::pipSound);
-    EXPECT_EQ(check(damaged), std::pair(1, printed(R"({"messages": [], "faults": [
-        "the file pip.wav is missing"]})")));
+    fs::remove(damaged / names::startSound);
+    const ToolOutcome faulty = runPlain({"check", "--app-folder", pathText(damaged)});
+    EXPECT_EQ(faulty.exitStatus, 1);
+    EXPECT_EQ(faulty.out, printed(R"({"messages": [], "faults": ["the file start.wav is missing",
+        "the file pip.wav is missing"]})"));
+    EXPECT_EQ(faulty.err, "vorna-tool: the installation " + pathText(damaged) + " has 2 faults\n");
 }
 
 } // namespace

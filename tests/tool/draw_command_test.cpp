@@ -7,8 +7,8 @@ class DrawCommandTest : public ToolTest {
 protected:
     ToolOutcome draw(const std::string& picture, const std::string& type,
                      const std::vector<std::string>& more = {}) const {
-        std::vector<std::string> arguments{"draw",   "--document", document, "--type", type,
-                                           "--picture", picture};
+        std::vector<std::string> arguments{"draw", "--document", document, "--type",
+                                           type,   "--picture",  picture};
         arguments.insert(arguments.end(), more.begin(), more.end());
         return runPlain(arguments);
     }
@@ -21,8 +21,8 @@ protected:
 std::uint32_t numberAt(const std::string& bytes, std::size_t offset, bool bigEndian) {
     std::uint32_t number = 0;
     for (std::size_t i = 0; i < 4; ++i)
-        number = number << 8 |
-                 static_cast<unsigned char>(bytes.at(offset + (bigEndian ? i : 3 - i)));
+        number =
+            number << 8 | static_cast<unsigned char>(bytes.at(offset + (bigEndian ? i : 3 - i)));
     return number;
 }
 
@@ -44,7 +44,8 @@ TEST_F(DrawCommandTest, WritesThePictureThatTheExtensionNames) {
     for (const Case& picture : cases) {
         const std::string path = pathText(folder / picture.picture);
         const ToolOutcome outcome = draw(path, "4", picture.size);
-        EXPECT_EQ(outcome.exitStatus, 0) << picture.picture << outcome.err;
+        EXPECT_EQ(outcome.exitStatus, 0) << picture.picture;
+        EXPECT_EQ(outcome.err, "") << picture.picture;
         EXPECT_EQ(outcome.out, printed(R"({"messages": [], "picture": ")" + path + "\"}"));
         const std::string bytes = readWholeFile(path);
         EXPECT_TRUE(bytes.starts_with(picture.begin)) << picture.picture;

@@ -73,12 +73,11 @@ TEST_F(EvaluateCommandTest, PrintsTheElementWindowWithTheQuadrantsBehindIt) {
                         "QuadrantWindow.FusionCharts3 QuadrantWindow.FusionCharts4 ");
     EXPECT_EQ(shown.at("documents")[2].at("xml"), goldenDocument("element_pie_all"));
     EXPECT_EQ(shown.at("documents")[4].at("xml"), goldenDocument("side_pie_9"));
-    EXPECT_EQ(shown.at("labels").dump(),
-              ordered_json::parse(R"({"Label4": "CHART 14",
+    EXPECT_EQ(shown.at("labels").dump(), ordered_json::parse(R"({"Label4": "CHART 14",
                   "Label3": "O'Hara & Co_Jana, 31.01.2025 14:30, t45Dvorak",
                   "QuadrantWindow.Label4": "CHART 8",
                   "QuadrantWindow.Label3": "O'Hara & Co_Jana, 31.01.2025 14:30, t45Dvorak"})")
-                  .dump());
+                                             .dump());
 }
 
 TEST_F(EvaluateCommandTest, PrintsNothingWhereNoWindowOpens) {

@@ -33,6 +33,7 @@ ToolOutcome runProgram(const fs::path& program, const std::vector<std::string>& 
     const pid_t child = fork();
     if (child == 0) {
         setenv("XDG_DATA_HOME", (folder / "home").c_str(), 1);
+        unsetenv("XDG_RUNTIME_DIR"); // as where nobody is logged in
         redirect(STDOUT_FILENO, folder / "out.txt");
         redirect(STDERR_FILENO, folder / "err.txt");
         execv(program.c_str(), words.data());

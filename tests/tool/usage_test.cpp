@@ -38,7 +38,7 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
     const std::string values23 = "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23";
     const Case cases[] = {
         {{}, "subcommand"},
-        {{"meassure"}, "meassure"},
+        {{"meassure"}, ""},
         {{"session", "check"}, "check"},
         {{"session", "--unknown"}, "--unknown"},
         {{"session", "stray"}, "stray"},
@@ -127,11 +127,13 @@ TEST_F(UsageTest, AnEmptyClientListIsNoReasonToFail) {
 }
 
 TEST_F(UsageTest, CommonOptionsAreTakenByEveryCommand) {
-    const ToolOutcome pretty = run({"session", "--pretty", "--answer", "yes", "--answer", "cancel",
-                                    "--speed", "1000"});
+    const ToolOutcome pretty =
+        run({"session", "--pretty", "--answer", "yes", "--answer", "cancel", "--speed", "1000"});
     EXPECT_EQ(pretty.exitStatus, 0) << pretty.err;
     EXPECT_TRUE(pretty.out.starts_with("{\n  \"messages\": [],\n  \"language\": 2,\n"));
     EXPECT_EQ(nlohmann::ordered_json::parse(pretty.out).dump(2) + "\n", pretty.out);
+    const std::string file = pathText(folder.write("x.daf", ""));
+    EXPECT_EQ(run({"read-daf", "--answer", "no", file}).exitStatus, 0) << "an answer is one word";
 }
 
 // A folder's name and an option can be any bytes.
