@@ -47,9 +47,7 @@ void declareCommonOptions(CLI::App& subcommand, ToolOptions& options, TypedOptio
     subcommand
         .add_option("--answer", options.answers, "answers questions, in order; the last one stays")
         ->check(CLI::IsMember({"yes", "no", "ok", "cancel"}))
-        ->take_all()
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        ->allow_extra_args(false); // one answer each time it is given
     subcommand.add_flag("--pretty", options.pretty, "indents the answer");
 }
 

@@ -52,7 +52,7 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
         {{"configure", "--mode", "TCM"}, "--mode"},
         {{"configure", "--language", "0"}, "--language"},
         {{"configure", "--language", "5"}, "--language"},
-        {{"measurements"}, "--client"},
+        {{"measurements", "--pretty"}, "--client"},
         {{"evaluate", "--client", "a1", "--button", "0"}, "--measurement"},
         {{"evaluate", "--client", "a1", "--measurement", "x.daf"}, "--button"},
         {{"evaluate", "--client", "a1", "--measurement", "x.daf", "--button", "7"}, "--button"},
@@ -62,7 +62,7 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
         {{"evaluate", "--client", "a1", "--measurement", "a\\x.daf", "--button", "0"},
          "--measurement"},
         {{"evaluate", "--client", "a1", "--measurement", "", "--button", "0"}, "--measurement"},
-        {{"read-daf"}, "FILE"},
+        {{"read-daf", "--pretty"}, "FILE"},
         {{"write-daf", file, "--values", values23 + ",24"}, "--label"},
         {{"write-daf", file, "--label", "P", "--values", values23}, "--values"},
         {{"write-daf", file, "--label", "P", "--values", values23 + ","}, "--values"},
@@ -74,7 +74,10 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
         std::string typed;
         for (const std::string& argument : usage.arguments)
             typed += argument + " ";
-        const ToolOutcome outcome = runPlain(usage.arguments);
+        Arguments arguments = usage.arguments;
+        if (arguments.size() > 1)
+            arguments.insert(arguments.end(), {"--app-folder", pathText(app)});
+        const ToolOutcome outcome = runPlain(arguments);
         EXPECT_EQ(outcome.exitStatus, 2) << typed << outcome.err;
         EXPECT_EQ(outcome.out, "") << typed;
         EXPECT_TRUE(isOneLine(outcome.err)) << typed << outcome.err;
