@@ -1,6 +1,7 @@
 #include "platform/qt/qt_chart_drawing.h"
 
 #include "platform/failure.h"
+#include "platform/files.h"
 #include "platform/qt/chart_painter.h"
 
 #include <QBuffer>
@@ -10,7 +11,6 @@
 #include <QSvgGenerator>
 
 #include <cstdint>
-#include <fstream>
 #include <string>
 
 namespace vorna {
@@ -69,11 +69,7 @@ void QtChartDrawing::draw(std::string_view document, int chartType, PictureSize 
     const QSize pixels(size.width, size.height);
     const QByteArray bytes =
         format == "svg" ? linePicture(model, pixels) : rasterPicture(model, pixels, format.c_str());
-    std::ofstream file(path, std::ios::binary | std::ios::trunc);
-    file.write(bytes.constData(), bytes.size());
-    file.close();
-    if (!file)
-        throw Failure("a chart picture cannot be written");
+    writeFileAtomically(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 } // namespace vorna

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vorna {
 namespace {
@@ -10,6 +11,13 @@ constexpr double normalSize = 12;
 constexpr double narrowSize = 11;
 constexpr double smallestSize = 9;
 
+// A number that is cut reads as another number.
+bool isNumber(const QString& text) {
+    bool number = false;
+    static_cast<void>(text.toDouble(&number));
+    return number;
+}
+
 class SlotPlacer {
 public:
     SlotPlacer(const SlotRoom& room, ChartFonts& fonts)
@@ -17,7 +25,8 @@ public:
 
     std::vector<ValueBox> place(const std::vector<ValueBoxWish>& wishes) {
         for (const ValueBoxWish& wish : wishes)
-            drafts_.push_back(draftOf(wish));
+            if (Draft draft = draftOf(wish); !draft.text.isEmpty())
+                drafts_.push_back(std::move(draft));
         if (drafts_.size() == 2 && overlap(drafts_[0], drafts_[1]))
             separatePair(drafts_[0], drafts_[1]);
         dropMisplaced();
@@ -62,6 +71,10 @@ private:
         resize(draft, normalSize);
         while (draft.width > room_.rect.width() && draft.size > smallestSize)
             resize(draft, draft.size - 1);
+        if (draft.width > room_.rect.width() && isNumber(draft.text)) {
+            draft.text.clear(); // no box: the tool text tells the value
+            return draft;
+        }
         if (draft.width > room_.rect.width()) {
             draft.text = elided(draft.text, font(draft), room_.rect.width() - 4 * scale_ - 1);
             resize(draft, draft.size);

@@ -76,7 +76,7 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
             typed += argument + " ";
         Arguments arguments = usage.arguments;
         if (arguments.size() > 1)
-            arguments.insert(arguments.end(), {"--app-folder", pathText(app)});
+            arguments.insert(arguments.begin() + 1, {"--app-folder", pathText(app)});
         const ToolOutcome outcome = runPlain(arguments);
         EXPECT_EQ(outcome.exitStatus, 2) << typed << outcome.err;
         EXPECT_EQ(outcome.out, "") << typed;
