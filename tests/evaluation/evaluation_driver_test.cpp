@@ -80,7 +80,12 @@ TEST(EvaluationDriver, EachButtonMapsTheKindInItsOwnWay) {
         for (std::size_t i = 0; i < letters.size(); ++i) {
             desk.measure(letters[i], sampleValues());
             desk.state.CurrentKind = 0;
+            desk.state.NewMeasurementName = "";
             ASSERT_EQ(desk.press(press.button).size(), 1U);
+            EXPECT_EQ(desk.state.NewMeasurementName, std::string("250131143005") +
+                                                         (letters[i] == "P" ? "_P_" : "_T_") +
+                                                         "O'Hara & Co_Jana.daf")
+                << press.button << letters[i];
             EXPECT_EQ(desk.state.CurrentKind, press.kinds[i]) << press.button << letters[i];
             EXPECT_EQ(desk.state.chartType, press.chartType) << press.button << letters[i];
         }
@@ -130,21 +135,13 @@ TEST(EvaluationDriver, TheTextOfAnEvaluationStaysUntilAnotherIsWritten) {
     EvaluationDesk desk;
     desk.measure("P", sampleValues());
     EXPECT_EQ(desk.state.apmTherapyText, "");
-    const std::pair<int, const char*> presses[] = {{0, ""},
-                                                   {1, ""},
-                                                   {2, ""},
-                                                   {5, "text 5/4"},
-                                                   {0, "text 5/4"},
-                                                   {1, "text 5/4"},
-                                                   {2, "text 5/4"},
-                                                   {6, "text 6/1\r\ntext 6/2"},
-                                                   {4, "text 6/1\r\ntext 6/2"},
-                                                   {3, "key 100"},
-                                                   {2, "key 100"}};
-    for (const auto& [button, text] : presses) {
+    std::string texts;
+    for (const int button : {0, 1, 2, 5, 0, 1, 2, 6, 4, 3, 2}) {
         desk.press(button);
-        EXPECT_EQ(desk.state.apmTherapyText, text) << button;
+        texts += std::to_string(button) + " " + desk.state.apmTherapyText + "\n";
     }
+    EXPECT_EQ(texts, "0 \n1 \n2 \n5 text 5/4\n0 text 5/4\n1 text 5/4\n2 text 5/4\n"
+                     "6 text 6/1\r\ntext 6/2\n4 text 6/1\r\ntext 6/2\n3 key 100\n2 key 100\n");
 }
 
 // A conversion that fails leaves its target 0.

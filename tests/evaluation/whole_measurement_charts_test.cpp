@@ -136,18 +136,5 @@ TEST(EnergyChart, SlicesArePulledOutBeyondTheBandAndTheLowestAlways) {
     }
 }
 
-TEST(WholeMeasurementCharts, EverythingBehindTheSecondKindIsToldAsTheThird) {
-    EvaluationDesk desk;
-    const std::pair<const char*, const char*> kinds[] = {
-        {"P", ", t45Dvorak'"}, {"T", ", t46Dvorak'"}, {"B", ", t47Dvorak'"}, {"E", ", t47Dvorak'"}};
-    for (const auto& [kind, label] : kinds) {
-        desk.measure(kind, sampleValues());
-        for (const int button : {balanceButton, energyButton})
-            EXPECT_NE(desk.press(button).at(0).texts.at("FusionCharts1").find(label),
-                      std::string::npos)
-                << kind << button;
-    }
-}
-
 } // namespace
 } // namespace vorna

@@ -95,6 +95,7 @@ TEST_F(UsageTest, WhatCannotRunIsToldInOneLine) {
     const std::string values = "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24";
     const std::pair<Arguments, std::string> cases[] = {
         {{"measurements", "--client", "a9"}, "--client: there is no client a9"},
+        {{"measurements", "--client", ""}, "--client: there is no client "},
         {{"evaluate", "--client", "Жанна О'Нил", "--measurement", "x.daf", "--button", "0"},
          "--client: there is no client Жанна О'Нил"},
         {{"read-daf", missing}, "the file " + missing + " cannot be read"},
@@ -121,12 +122,6 @@ TEST_F(UsageTest, WhatCannotRunIsToldInOneLine) {
         runPlain({"session", "--app-folder", pathText(app), "--common-data", blocked});
     EXPECT_EQ(outcome.exitStatus, 1);
     EXPECT_EQ(outcome.err, "vorna-tool: the folder " + blocked + " cannot be made\n");
-}
-
-TEST_F(UsageTest, AnEmptyClientListIsNoReasonToFail) {
-    const ToolOutcome outcome = run({"measurements", "--client", ""});
-    EXPECT_EQ(outcome.exitStatus, 1) << "but there is no client to select";
-    EXPECT_EQ(answer({"session"}).at("clients").dump(), "[]");
 }
 
 TEST_F(UsageTest, CommonOptionsAreTakenByEveryCommand) {
