@@ -10,7 +10,7 @@ namespace vorna {
 
 std::string writeMeasurement(Session& session, const FinishedMeasurement& measurement,
                              LocalTime now) {
-    const std::string name =
+    std::string name =
         formatMeasurementName({.time = now,
                                .kindLetter = kindLetterOfSet(measurement.kindIndex + 1),
                                .clientLabel = measurement.clientLabel,
