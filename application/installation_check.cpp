@@ -2,6 +2,7 @@
 
 #include "acquisition/measurement_sets.h"
 #include "application/main_window.h"
+#include "clients/info_panel.h"
 #include "clients/picture_window.h"
 #include "core/file_names.h"
 #include "core/reference_database.h"
@@ -92,10 +93,11 @@ std::vector<std::string> askedKeys() {
 // Captioned controls that the code fills and the language files leave alone.
 bool isFilledByCode(const Control& control) {
     static const std::set<std::string> filled{
-        "Form1 SkinLabel20", "Form1 Check2", "Form1 tlac",     "Form1 Option3",
-        "graffrm Picture1",  "Form3 Label4", "Form3 Label3",   "Form3 Label1",
-        "Form3 Label2",      "Form3 Label5", "Form3 Picture1", "Form7 Label4",
-        "Form7 Label3",      "Form8 Label4", "Form8 Label3",   "Form6 Image1"};
+        "Form1 SkinLabel20", "Form1 Check2", "Form1 tlac",   "Form1 Option3", "Form1 Label3",
+        "Form5 Image1",      "Form5 Image2", "Form5 Label1", "Form5 Label2",  "graffrm Picture1",
+        "Form3 Label4",      "Form3 Label3", "Form3 Label1", "Form3 Label2",  "Form3 Label5",
+        "Form3 Picture1",    "Form7 Label4", "Form7 Label3", "Form8 Label4",  "Form8 Label3",
+        "Form6 Image1"};
     return filled.contains(control.window().section() + " " + control.name());
 }
 
@@ -116,11 +118,13 @@ void checkWindows(EvaluationContext& context, const std::string& file, const Tex
     BalanceWindow balanceWindow(context);
     ElementWindow elementWindow(context);
     QuadrantWindow quadrantWindow(context);
+    InfoPanel infoPanel(context.session);
     PictureWindow pictureWindow(context.session);
     for (Window* const window :
          {static_cast<Window*>(&mainWindow), static_cast<Window*>(&chartWindow),
-          static_cast<Window*>(&balanceWindow), static_cast<Window*>(&elementWindow),
-          static_cast<Window*>(&quadrantWindow), static_cast<Window*>(&pictureWindow)})
+          static_cast<Window*>(&balanceWindow), static_cast<Window*>(&infoPanel),
+          static_cast<Window*>(&elementWindow), static_cast<Window*>(&quadrantWindow),
+          static_cast<Window*>(&pictureWindow)})
         checkCaptions(*window, file, texts, faults);
 }
 

@@ -1,53 +1,147 @@
 #include "application/main_window.h"
 
 #include "acquisition/measurement_saving.h"
-#include "clients/client_list.h"
-#include "clients/measurement_list.h"
+#include "clients/client_deletion.h"
+#include "clients/client_documents.h"
 #include "core/file_names.h"
 #include "core/number.h"
 #include "core/settings_file.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 
+#include <memory>
+
 namespace vorna {
 
-void bindMainWindow(MainWindow& window, EvaluationContext& context,
-                    const std::function<void()>& endProcess) {
-    Session& session = context.session;
-    Platform& platform = context.platform;
-    for (const auto& button : window.chartButtons.members)
-        button->clicked = [&window, &context, index = button->index()] {
-            pressChartButton(context, index, window.activeControl == &window.measurementList);
-        };
-    window.copyMeasurement.clicked = [&window, &session, &platform] {
+namespace {
+
+using EndProcess = std::function<void()>;
+using Clients = std::shared_ptr<ClientContext>;
+
+void bindClientList(MainWindow& window, const Clients& clients) {
+    ClientListTab& tab = window.clients;
+    tab.filter.edited = [clients] { searchClients(*clients); };
+    tab.search.clicked = [clients] { searchClients(*clients); };
+    tab.list.clicked = [clients] { attempt([&] { nac_klientadb(*clients); }); };
+    tab.list.doubleClicked = [&window] {
+        window.tabs.select(static_cast<std::size_t>(MainTab::Card));
+    };
+    tab.newClient.clicked = [clients] { newClient(*clients); };
+    tab.deleteClient.clicked = [clients] { deleteClient(*clients); };
+}
+
+void bindCard(MainWindow& window, const Clients& clients) {
+    ClientCard& card = window.card;
+    bindCardKeys(window, card);
+    const Handler fill = [clients] { fillFromPersonalNumber(clients->session, clients->card); };
+    card.fillFromNumber.clicked = fill;
+    card.personalNumber.left = fill;
+    card.save.clicked = [clients] { saveClient(*clients); };
+    card.anamnesis.clicked = [clients] { openAnamnesis(clients->session, clients->platform); };
+}
+
+void bindMeasurements(MainWindow& window, const Clients& clients) {
+    MeasurementTab& tab = window.measurements;
+    tab.copyMeasurement.clicked = [clients] {
         attempt([&] {
-            if (const ListRow* const row = window.measurementList.selectedRow())
-                copyMeasurementToClipboard(session, platform, row->tag);
+            if (const ListRow* const row = clients->measurements.list.selectedRow())
+                copyMeasurementToClipboard(clients->session, clients->platform, row->tag);
         });
     };
-    window.clientList.clicked = [&window, &session] {
-        attempt([&] { selectClientRow(window, session, window.clientList.selected); });
+    tab.deleteMeasurement.clicked = [clients] { deleteMeasurement(*clients); };
+    tab.todaysRecommendation.clicked = [clients] {
+        openTodaysRecommendation(clients->session, clients->platform, clients->measurements);
     };
-    for (const auto& option : window.languageOptions.members)
-        option->clicked = [&window, index = option->index()] { window.clickedLanguage = index; };
-    window.savePractitioner.clicked = [&window, &session, &platform] {
-        savePractitioner(window, session, platform);
-    };
-    window.saveModeAndLanguage.clicked = [&window, &session, &platform, endProcess] {
-        saveModeAndLanguage(window, session, platform);
-        endProcess();
+    tab.documents.doubleClicked = [clients] {
+        openSelectedDocument(clients->session, clients->platform, clients->measurements);
     };
 }
 
-void selectClientRow(MainWindow& window, Session& session, int row) {
-    window.clientList.selected = row;
-    const ListRow* const client = window.clientList.selectedRow();
-    if (client == nullptr)
-        throw Failure("the client list has no such row");
-    selectClient(session, *client);
-    window.tabs.change(static_cast<std::size_t>(MainTab::Measurements),
-                       [](Tab& tab) { tab.enabled = true; });
-    window.measurementList.setRows(measurementRows(session));
+void bindCharts(MainWindow& window, EvaluationContext& context) {
+    for (const auto& button : window.chartButtons.members)
+        button->clicked = [&window, &context, index = button->index()] {
+            pressChartButton(context, index, window.activeControl == &window.measurements.list);
+        };
+}
+
+void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {
+    LibraryTab& tab = window.library;
+    const auto context = std::make_shared<LibraryContext>(LibraryContext{
+        evaluation.session, evaluation.platform, evaluation.windows, window.library});
+    tab.meridianGrid.rowChanged = [context] { changeMeridian(*context); };
+    tab.pointGrid.rowChanged = [context] { changePoint(*context); };
+    tab.pointGrid.buttonClicked = [context](int column) { pressPointButton(*context, column); };
+    tab.showApm.clicked = [context] { showApmMeridian(*context); };
+    tab.showTcm.clicked = [context] { showTcmMeridian(*context); };
+    tab.star.clicked = [context] { showTeachingPicture(*context, "hvezdice"); };
+    tab.yin.clicked = [context] { showTeachingPicture(*context, "tomek-jin"); };
+    tab.yang.clicked = [context] { showTeachingPicture(*context, "tomek-jang"); };
+    tab.pentagram.clicked = [context] { showPentagram(*context); };
+    tab.printList.deletePressed = [context] { removeFromPrintList(*context); };
+}
+
+void bindSettings(MainWindow& window, const Clients& clients, const EndProcess& endProcess) {
+    for (const auto& option : window.languageOptions.members)
+        option->clicked = [&window, index = option->index()] { window.clickedLanguage = index; };
+    window.savePractitioner.clicked = [&window, clients] {
+        savePractitioner(window, clients->session, clients->platform);
+    };
+    window.saveModeAndLanguage.clicked = [&window, clients, endProcess] {
+        saveModeAndLanguage(window, clients->session, clients->platform);
+        endProcess();
+    };
+    const auto openTemplate = [clients](std::string_view name) {
+        return [clients, name] {
+            openDocument(clients->platform, under(clients->session.dataRoot, name));
+        };
+    };
+    window.anamnesisTemplate.clicked = openTemplate(names::anamnesis);
+    window.recommendationTemplate.clicked = openTemplate(names::recommendation);
+    window.deleteAllData.clicked = [clients, endProcess] {
+        if (deleteAllClients(*clients))
+            endProcess();
+    };
+}
+
+} // namespace
+
+ClientContext clientContext(MainWindow& window, Session& session, Platform& platform) {
+    return {.session = session,
+            .platform = platform,
+            .tabs = window.tabs,
+            .clients = window.clients,
+            .card = window.card,
+            .measurements = window.measurements};
+}
+
+void bindMainWindow(MainWindow& window, EvaluationContext& context, const EndProcess& endProcess) {
+    const Clients clients =
+        std::make_shared<ClientContext>(clientContext(window, context.session, context.platform));
+    bindClientList(window, clients);
+    bindCard(window, clients);
+    bindMeasurements(window, clients);
+    bindCharts(window, context);
+    bindLibraryTab(window, context);
+    bindSettings(window, clients, endProcess);
+    window.tabs.tabChanged = [&window, &session = context.session] { changeTab(window, session); };
+}
+
+void selectClientRow(MainWindow& window, int row) {
+    static_cast<void>(window.clients.list.row(static_cast<std::size_t>(row)));
+    window.clients.list.selected = row;
+    call(window.clients.list.clicked);
+}
+
+void changeTab(MainWindow& window, Session& session) {
+    const auto tab = static_cast<MainTab>(window.tabs.selected.get());
+    if (tab == MainTab::Measurements)
+        fillMeasurementList(session, window.measurements);
+    if (tab == MainTab::Settings) {
+        window.settingsList.clear();
+        for (const char* const key : {"t122", "t123", "t124", "t125"})
+            window.settingsList.add({.text = t(session, key)});
+    }
+    window.measureEnergy.visible = session.mode == modeTcm;
 }
 
 void savePractitioner(MainWindow& window, Session& session, Platform& platform) {

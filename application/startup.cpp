@@ -1,7 +1,6 @@
 #include "application/startup.h"
 
-#include "application/backup.h"
-#include "clients/client_list.h"
+#include "core/backup.h"
 #include "core/file_names.h"
 #include "core/number.h"
 #include "core/reference_database.h"
@@ -194,7 +193,7 @@ void openDatabases(const Start& start) {
         session.clientDb.emplace(under(session.dataRoot, names::clients));
         session.clientDb->setAlphabet(alphabetOf(session.language));
     });
-    start.window.showApm.visible = session.mode == modeApm;
+    bindLibrary(session, start.window.library);
 }
 
 // ---- Window
@@ -249,17 +248,18 @@ void fillTexts(const Start& start) {
             rows.push_back(t(start.session, key));
         return rows;
     };
-    window.maritalStatus.rows = texts({"stav1", "stav2", "stav3", "stav4"});
-    window.gender.rows = texts({"Pohl1", "Pohl2"});
+    window.card.maritalStatus.rows = texts({"stav1", "stav2", "stav3", "stav4"});
+    window.card.gender.rows = texts({"Pohl1", "Pohl2"});
     const std::vector<std::string> tabs = texts({"t103", "t104", "t105", "t106", "t107", "t108"});
     for (std::size_t i = 0; i < tabs.size(); ++i)
         window.tabs.change(i, [&](Tab& tab) { tab.caption = tabs[i]; });
-    window.clientList.headers = std::vector<std::string>{
-        window.surnameLabel.caption,   window.firstNameLabel.caption, window.bornLabel.caption,
-        window.telephoneLabel.caption, t(start.session, "t109"),      window.foundedLabel.caption};
-    window.measurementList.headers = texts({"t110", "t111", "t112", "t113"});
-    window.meridianGrid.headers = texts({"t114", "t115", "t116", "t117", "t118"});
-    window.pointGrid.headers = texts({"t114", "t119", "t120", "t121"});
+    const ClientCard& card = window.card;
+    window.clients.list.headers = std::vector<std::string>{
+        card.surnameLabel.caption,   card.firstNameLabel.caption, card.bornLabel.caption,
+        card.telephoneLabel.caption, t(start.session, "t109"),    card.foundedLabel.caption};
+    window.measurements.list.headers = texts({"t110", "t111", "t112", "t113"});
+    window.library.meridianGrid.headers = texts({"t114", "t115", "t116", "t117", "t118"});
+    window.library.pointGrid.headers = texts({"t114", "t119", "t120", "t121"});
 }
 
 void fillLists(const Start& start) {
@@ -268,8 +268,8 @@ void fillLists(const Start& start) {
                        [](Tab& tab) { tab.enabled = false; });
     window.tabs.change(static_cast<std::size_t>(MainTab::Unused),
                        [](Tab& tab) { tab.visible = false; });
-    window.clientList.setRows(readClientRows(start.session, {}));
-    start.session.currentClientFolder.clear();
+    ClientContext clients = clientContext(window, start.session, start.platform);
+    searchClients(clients);
 }
 
 } // namespace

@@ -27,8 +27,8 @@ public:
             {.sources = VORNA_BENCH_SOURCES, .dataRoot = folder_ / "data" / "VORNA"});
         process_ = std::make_unique<vorna::ToolProcess>(options);
         process_->start();
-        selectClientRow(process_->window, process_->session, 0);
-        process_->window.measurementList.selected = 0;
+        selectClientRow(process_->window, 0);
+        process_->window.measurements.list.selected = 0;
     }
     Workplace(const Workplace&) = delete;
     Workplace& operator=(const Workplace&) = delete;

@@ -1,12 +1,11 @@
-// The client list: one row for each client of the table, with the newest measurement beside it,
-// and the selection of one of them.
+// The first tab: the client list with its filter.
 #pragma once
 
+#include "clients/client_index.h"
 #include "core/session.h"
 #include "core/window.h"
 
 #include <string_view>
-#include <vector>
 
 namespace vorna {
 
@@ -20,11 +19,26 @@ enum class ClientColumn : std::size_t {
     Intid = 6,
 };
 
-// The clients whose surname holds the filter (% and _ are wildcards), in the order of the
-// language's alphabet; the tag is the row id. A filter that breaks its statement gives none.
-std::vector<ListRow> readClientRows(Session& session, std::string_view filter);
+std::string_view subItem(const ListRow& row, ClientColumn column);
+void setSubItem(ListRow& row, ClientColumn column, std::string text);
 
-// Makes the client of a list row the current one.
-void selectClient(Session& session, const ListRow& row);
+struct ClientListTab {
+    explicit ClientListTab(Window& window);
+
+    TextBox filter;
+    Button search;
+    CheckBox filterActive; // has no function
+    Button newClient;
+    ListView list; // the tag of a row is the client's row id
+    Button deleteClient;
+    Label selectedIndex; // hidden
+
+    ClientIndex index;
+};
+
+// Fills the list with the clients whose surname holds the filter, in the order of the language's
+// alphabet. A filter that breaks its statement and a database that cannot be read give none. The
+// newest measurement of a row is looked for when the row is first shown.
+void fillClientList(Session& session, ClientListTab& tab);
 
 } // namespace vorna

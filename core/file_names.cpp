@@ -18,6 +18,22 @@ std::string setPictures(int sada, int folder) {
     return "sady\\" + std::to_string(sada) + "\\pic\\" + std::to_string(folder);
 }
 
+std::string meridianApmPicture(std::string_view meridian) {
+    return "M" + std::string(meridian) + "apm-0*.jpg";
+}
+
+std::string meridianTcmPicture(std::string_view meridian, int number) {
+    return "M" + std::string(meridian) + "TCM-" + std::to_string(number) + "*.jpg";
+}
+
+std::string pointPicture(std::string_view pointLong, char side) {
+    return std::string(pointLong) + "0" + side + "*.jpg";
+}
+
+std::string recommendationOf(std::string_view yymmdd) {
+    return "D" + std::string(yymmdd) + ".rtf";
+}
+
 std::string reportChartPicture(std::string_view reportChartKey) {
     return "HTML\\graf" + std::string(reportChartKey) + ".bmp";
 }

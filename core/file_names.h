@@ -2,6 +2,7 @@
 // system spells one.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -47,9 +48,21 @@ std::string languagePicture(std::string_view stem, std::int16_t language);
 // In a mode's folder: one of the three picture folders of a measurement set.
 std::string setPictures(int sada, int folder);
 
+// In a mode's folder: the pictures of meridians and points, found by patterns.
+inline constexpr std::string_view libraryPictures = "obr2";
+inline constexpr std::string_view energyPentagram = "obr2\\lang\\EnergyPentagram1.jpg";
+std::string meridianApmPicture(std::string_view meridian);             // M01apm-0*.jpg
+std::string meridianTcmPicture(std::string_view meridian, int number); // M01TCM-0*.jpg, number 0, 1
+std::string pointPicture(std::string_view pointLong, char side);       // 01090F*.jpg, side F, K
+
 // In a client's folder.
 inline constexpr std::string_view klientDat = "klient.dat";
 inline constexpr std::string_view measurementPattern = "*.daf";
+inline constexpr std::string_view recommendationPattern = "D*.rtf";
+std::string recommendationOf(std::string_view yymmdd); // D250131.rtf
+
+// In the data root's HTML folder: what reports leave until the next one.
+inline constexpr std::array<std::string_view, 2> reportLeavings{"sestava*.html", "graf*.bmp"};
 
 // In the data root's HTML folder: the picture of one chart of a report.
 std::string reportChartPicture(std::string_view reportChartKey);

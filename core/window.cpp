@@ -26,6 +26,56 @@ void ListRow::setSubItem(std::size_t column, std::string value) {
     sub[column - 1] = std::move(value);
 }
 
+std::string MaskedBox::emptyText() const {
+    std::string empty = mask_;
+    std::replace(empty.begin(), empty.end(), '#', '_');
+    return empty;
+}
+
+void MaskedBox::type(std::string_view typed) {
+    std::string taken = emptyText();
+    std::size_t place = 0;
+    for (const char c : typed) {
+        if (c >= '0' && c <= '9') {
+            place = mask_.find('#', place);
+            if (place == std::string::npos)
+                break;
+            taken[place++] = c;
+        } else if (const std::size_t sign = mask_.find(c, place);
+                   c != '#' && sign != std::string::npos) {
+            place = sign + 1;
+        }
+    }
+    text = taken;
+}
+
+void ComboBox::choose(int row) {
+    if (row < -1 || row >= static_cast<int>(rows.get().size()))
+        throw Failure("a list has no such row");
+    index = row;
+}
+
+void ListView::finish(std::size_t row) const {
+    if (!finishRow || rows_[row].finished)
+        return;
+    rows_[row].finished = true;
+    finishRow(rows_[row]);
+}
+
+const std::vector<ListRow>& ListView::rows() const {
+    if (finishRow)
+        for (std::size_t i = 0; i < rows_.size(); ++i)
+            finish(i);
+    return rows_;
+}
+
+const ListRow& ListView::row(std::size_t row) const {
+    if (row >= rows_.size())
+        throw Failure("a list has no such row");
+    finish(row);
+    return rows_[row];
+}
+
 void ListView::setRows(std::vector<ListRow> rows) {
     rows_ = std::move(rows);
     selected = -1;
@@ -51,10 +101,15 @@ void ListView::remove(std::size_t row) {
 }
 
 const ListRow* ListView::selectedRow() const {
-    const int row = selected;
-    return row >= 0 && static_cast<std::size_t>(row) < rows_.size()
-               ? &rows_[static_cast<std::size_t>(row)]
+    const int at = selected;
+    return at >= 0 && static_cast<std::size_t>(at) < rows_.size()
+               ? &row(static_cast<std::size_t>(at))
                : nullptr;
+}
+
+void DataGrid::goTo(int row) {
+    selected = row;
+    call(rowChanged);
 }
 
 void TabStrip::change(std::size_t tab, const std::function<void(Tab&)>& edit) {
@@ -62,6 +117,13 @@ void TabStrip::change(std::size_t tab, const std::function<void(Tab&)>& edit) {
         throw Failure("a tab strip has no such tab");
     edit(tabs_[tab]);
     changed();
+}
+
+void TabStrip::select(std::size_t tab) {
+    const int before = selected;
+    selected = static_cast<int>(tab);
+    if (before != selected)
+        call(tabChanged);
 }
 
 void ChartControl::renderChart() {
@@ -81,6 +143,12 @@ void Window::setCaption(std::string caption) {
     caption_ = std::move(caption);
     if (watcher)
         watcher(nullptr);
+}
+
+void Window::focus(Control& control) {
+    activeControl = &control;
+    if (focusWatcher)
+        focusWatcher(control);
 }
 
 void Window::close() {

@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,13 @@ namespace vorna {
 
 class Window;
 class Control;
+
+using Handler = std::function<void()>;
+
+inline void call(const Handler& handler) {
+    if (handler)
+        handler();
+}
 
 // A value whose change is told to the window's watcher. Reads and is assigned like its value.
 template <class T>
@@ -47,6 +56,8 @@ public:
     [[nodiscard]] Window& window() const { return window_; }
     void changed();
 
+    Handler enterPressed; // the Enter key in the control
+
     // The properties that the language pass sets; null when the control has none of the kind.
     virtual Property<std::string>* captionProperty() { return nullptr; }
     virtual Property<std::string>* textProperty() { return nullptr; }
@@ -66,13 +77,6 @@ Property<T>& Property<T>::operator=(T value) {
     value_ = std::move(value);
     owner_.changed();
     return *this;
-}
-
-using Handler = std::function<void()>;
-
-inline void call(const Handler& handler) {
-    if (handler)
-        handler();
 }
 
 class CaptionedControl : public Control {
@@ -118,6 +122,29 @@ public:
     Property<std::string> text{*this};
     Property<BackColour> backColour{*this, BackColour::Plain};
     Handler edited; // the user changed the text
+    Handler left;   // the focus went elsewhere
+};
+
+// A text box whose digits stand between fixed signs: "##.##.####" with "_" where no digit is.
+class MaskedBox : public Control {
+public:
+    // `mask` has "#" for each digit.
+    MaskedBox(Window& window, std::string name, std::string mask)
+        : Control(window, std::move(name)), mask_(std::move(mask)), text{*this, emptyText()} {}
+
+    Property<std::string>* textProperty() override { return nullptr; }
+    // The mask without any digit.
+    [[nodiscard]] std::string emptyText() const;
+    // Takes of a text what the mask has room for, as if it were typed from the first place on: a
+    // digit fills the next place, a sign of the mask goes on behind that sign, all else is dropped.
+    void type(std::string_view typed);
+    void clear() { text = emptyText(); }
+
+private:
+    std::string mask_;
+
+public:
+    Property<std::string> text;
 };
 
 class ComboBox : public Control {
@@ -127,6 +154,8 @@ public:
     Property<std::string> text{*this};
     Property<std::vector<std::string>> rows{*this};
     Property<int> index{*this, -1}; // from 0; -1 when no row is chosen
+    // Chooses a row; Failure when there is no such row and it is not -1.
+    void choose(int row);
     Handler chosen;
 };
 
@@ -135,6 +164,7 @@ struct ListRow {
     std::vector<std::string> sub; // column k is sub[k - 1]; short when the rest was never set
     std::string tag;
     bool checked = false;
+    bool finished = false; // whether the list's `finishRow` saw it
 
     // Column k from 1 on; empty text where nothing was set.
     [[nodiscard]] std::string_view subItem(std::size_t column) const;
@@ -146,8 +176,15 @@ class ListView : public Control {
 public:
     using Control::Control;
 
-    [[nodiscard]] const std::vector<ListRow>& rows() const { return rows_; }
-    void setRows(std::vector<ListRow> rows); // drops the selection
+    // All rows, finished.
+    [[nodiscard]] const std::vector<ListRow>& rows() const;
+    [[nodiscard]] std::size_t size() const { return rows_.size(); }
+    // One row, finished. Failure when there is none.
+    [[nodiscard]] const ListRow& row(std::size_t row) const;
+    // All rows as they were set: a column that `finishRow` fills may still be empty.
+    [[nodiscard]] const std::vector<ListRow>& unfinishedRows() const { return rows_; }
+    // Drops the selection.
+    void setRows(std::vector<ListRow> rows);
     void clear() { setRows({}); }
     void add(ListRow row);
     // Changes one row and tells the watcher.
@@ -157,13 +194,32 @@ public:
     // Null when no row is selected.
     [[nodiscard]] const ListRow* selectedRow() const;
 
+    // Fills the columns that take time to know; called once for each row, when it is first looked
+    // at. Long lists show a few rows and never pay for the others.
+    std::function<void(ListRow&)> finishRow;
+
     Property<std::vector<std::string>> headers{*this};
     Property<int> selected{*this, -1}; // -1 when none
     Handler clicked;                   // on the selected row
     Handler doubleClicked;
+    Handler deletePressed; // the delete key
 
 private:
-    std::vector<ListRow> rows_;
+    void finish(std::size_t row) const;
+
+    mutable std::vector<ListRow> rows_;
+};
+
+// A list whose rows are records, of which one is the current, and which can have buttons in its
+// cells.
+class DataGrid : public ListView {
+public:
+    using ListView::ListView;
+    // Makes a row the current one and tells of the change, as a click or an arrow key does.
+    void goTo(int row);
+    Handler rowChanged;
+    // A press of the button in a column of the current row.
+    std::function<void(int column)> buttonClicked;
 };
 
 struct Tab {
@@ -180,8 +236,11 @@ public:
     [[nodiscard]] const std::vector<Tab>& tabs() const { return tabs_; }
     // Changes one tab and tells the watcher.
     void change(std::size_t tab, const std::function<void(Tab&)>& edit);
+    // Brings a tab to the front; `tabChanged` follows when it was another one.
+    void select(std::size_t tab);
 
     Property<int> selected{*this, 0};
+    Handler tabChanged;
 
 private:
     std::vector<Tab> tabs_;
@@ -247,9 +306,13 @@ public:
 
     // Null as long as the user has touched no control.
     const Control* activeControl = nullptr;
+    // Makes a control the active one; whoever shows the window gives it the keyboard.
+    void focus(Control& control);
 
     // Told of every change; a null control means the window itself.
     std::function<void(Control*)> watcher;
+    // Told where the keyboard is to go.
+    std::function<void(Control&)> focusWatcher;
 
 private:
     friend class Control;
@@ -257,6 +320,23 @@ private:
     std::string caption_;
     std::vector<Control*> controls_;
     bool closed_ = false;
+};
+
+// Members of a control array share their name and are told apart by their index.
+template <class T>
+struct ControlArray {
+    ControlArray(Window& window, std::string_view name, std::initializer_list<int> indices) {
+        for (const int index : indices)
+            members.push_back(std::make_unique<T>(window, std::string(name), index));
+    }
+    // Null when the array has no such member.
+    [[nodiscard]] T* at(int index) const {
+        for (const auto& member : members)
+            if (member->index() == index)
+                return member.get();
+        return nullptr;
+    }
+    std::vector<std::unique_ptr<T>> members;
 };
 
 // Shows windows. Real: the desktop's dialogs. In the headless tool and in tests: whoever looks.

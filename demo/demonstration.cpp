@@ -106,27 +106,27 @@ public:
     ModeRun(const DemonstrationOptions& options, std::ostream& out)
         : options_(options), out_(out), process_(toolOptions(options)) {
         process_.start();
-        if (process_.window.clientList.rows().empty())
+        if (process_.window.clients.list.rows().empty())
             throw Failure("the sample client is not in the client list");
-        selectClientRow(process_.window, process_.session, 0);
+        selectClientRow(process_.window, 0);
     }
 
     void evaluateAll(std::vector<ShownMeasurement>& measurements) {
         const std::string letter = process_.session.mode == modeApm ? "A" : "T";
-        const std::vector<ListRow> rows = process_.window.measurementList.rows();
+        const std::vector<ListRow> rows = process_.window.measurements.list.rows();
         for (std::size_t i = 0; i < rows.size(); ++i)
             if (rows[i].subItem(modeColumn) == letter)
                 measurements.push_back(evaluate(rows[i], static_cast<int>(i)));
     }
 
     [[nodiscard]] std::string client() const {
-        const ListRow& row = process_.window.clientList.rows().front();
+        const ListRow& row = process_.window.clients.list.rows().front();
         return row.text + " " + std::string(row.subItem(1));
     }
 
 private:
     ShownMeasurement evaluate(const ListRow& row, int index) {
-        process_.window.measurementList.selected = index;
+        process_.window.measurements.list.selected = index;
         ShownMeasurement shown{.heading = row.text + ", " + std::string(row.subItem(kindColumn)) +
                                           ", " + std::string(row.subItem(modeColumn)) + ", " +
                                           std::string(row.subItem(practitionerColumn))};

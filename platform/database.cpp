@@ -13,6 +13,7 @@ namespace vorna {
 
 struct DatabaseConnection {
     sqlite3* handle = nullptr;
+    std::int64_t number = nextNumber();
     // Prepared statements at rest, by their text: the same lookup runs dozens of times for a chart.
     std::multimap<std::string, sqlite3_stmt*, std::less<>> resting;
     std::unique_ptr<icu::Collator> collator;
@@ -24,6 +25,11 @@ struct DatabaseConnection {
         for (auto& [text, statement] : resting)
             sqlite3_finalize(statement);
         sqlite3_close_v2(handle);
+    }
+
+    static std::int64_t nextNumber() {
+        static std::int64_t last = 0;
+        return ++last;
     }
 
     [[noreturn]] static void fail() { throw Failure("a database statement does not run"); }
@@ -72,38 +78,12 @@ std::string_view argumentText(sqlite3_value* value) {
                : std::string_view(bytes, static_cast<std::size_t>(sqlite3_value_bytes(value)));
 }
 
-// `pattern` with % for any text and _ for any character, both folded already.
-bool likeMatches(std::string_view text, std::string_view pattern) {
-    std::size_t t = 0;
-    std::size_t p = 0;
-    std::size_t starPattern = std::string_view::npos;
-    std::size_t starText = 0;
-    const auto width = [](std::string_view from) { return firstCharacters(from, 1).size(); };
-    while (t < text.size()) {
-        if (p < pattern.size() && pattern[p] == '%') {
-            starPattern = p++;
-            starText = t;
-        } else if (p < pattern.size() && pattern[p] == '_') {
-            t += width(text.substr(t));
-            ++p;
-        } else if (p < pattern.size() && pattern[p] == text[t]) {
-            ++t;
-            ++p;
-        } else if (starPattern != std::string_view::npos) {
-            p = starPattern + 1;
-            t = starText += width(text.substr(starText));
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('%', p) == std::string_view::npos;
-}
-
 void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
     const bool anyNull = sqlite3_value_type(arguments[0]) == SQLITE_NULL ||
                          sqlite3_value_type(arguments[1]) == SQLITE_NULL;
-    const bool matches = !anyNull && likeMatches(foldCase(argumentText(arguments[1])),
-                                                 foldCase(argumentText(arguments[0])));
+    const bool matches =
+        !anyNull && matchesWildcards(foldCase(argumentText(arguments[1])),
+                                     foldCase(argumentText(arguments[0])), sqlWildcards);
     sqlite3_result_int(context, matches ? 1 : 0);
 }
 
@@ -196,6 +176,8 @@ Database::Database(const std::filesystem::path& file, std::string_view password,
     sqlite3_create_function(connection_->handle, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                             nullptr, &likeFunction, nullptr, nullptr);
     setAlphabet("en");
+    // What is deleted is overwritten in the file.
+    executeScript("pragma secure_delete = on");
     // The first reading tells a database from any other file.
     if (query("select 1 from sqlite_master where name = 'database_password'").atEnd())
         return;
@@ -224,6 +206,13 @@ int Database::execute(std::string_view statement, const std::vector<DatabaseValu
 void Database::executeScript(const std::string& script) {
     if (sqlite3_exec(connection_->handle, script.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         DatabaseConnection::fail();
+}
+
+DatabaseVersion Database::version() {
+    const Recordset others = query("pragma data_version");
+    return {.connection = connection_->number,
+            .ofOthers = others.number("data_version"),
+            .own = sqlite3_total_changes64(connection_->handle)};
 }
 
 void Database::setAlphabet(const std::string& language) {

@@ -62,6 +62,14 @@ private:
     bool atEnd_ = false;
 };
 
+// Tells one state of a database's content from another.
+struct DatabaseVersion {
+    std::int64_t connection = 0; // each opening counts anew
+    std::int64_t ofOthers = 0;
+    std::int64_t own = 0;
+    bool operator==(const DatabaseVersion&) const = default;
+};
+
 class Database {
 public:
     enum class Mode { Existing, Create };
@@ -79,6 +87,9 @@ public:
     int execute(std::string_view statement, const std::vector<DatabaseValue>& values = {});
     // Several statements without values, parted by semicolons.
     void executeScript(const std::string& script);
+    // Differs from an earlier one as soon as anybody has changed a row. Failure when the file
+    // cannot be read.
+    [[nodiscard]] DatabaseVersion version();
     // From now on `collate alphabet` sorts as this language does ("cs": ch after h).
     void setAlphabet(const std::string& language);
     // Makes the file ask for a password when it is opened. It is a gate, not encryption.

@@ -60,29 +60,6 @@ fs::path entryFolded(const fs::path& folder, const std::string& name) {
     return exact;
 }
 
-bool matchesFolded(std::string_view name, std::string_view pattern) {
-    // Walks both once, coming back to the latest star: linear but for stars, never recursive.
-    std::size_t n = 0;
-    std::size_t p = 0;
-    std::size_t starPattern = std::string_view::npos;
-    std::size_t starName = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == '*') { // before all else: a name can hold one too
-            starPattern = p++;
-            starName = n;
-        } else if (p < pattern.size() && (pattern[p] == '?' || pattern[p] == name[n])) {
-            n += pattern[p] == '?' ? firstCharacters(name.substr(n), 1).size() : 1;
-            ++p;
-        } else if (starPattern != std::string_view::npos) {
-            p = starPattern + 1;
-            n = starName += firstCharacters(name.substr(starName), 1).size();
-        } else {
-            return false;
-        }
-    }
-    return pattern.find_first_not_of('*', p) == std::string_view::npos;
-}
-
 void copyEntry(const fs::directory_entry& entry, const fs::path& target) {
     std::error_code error;
     if (entry.is_symlink(error))
@@ -196,6 +173,18 @@ void copyFileOver(const fs::path& from, const fs::path& to) {
     writeFileAtomically(to, readWholeFile(from));
 }
 
+void removeTree(const fs::path& path) {
+    std::error_code error;
+    if (fs::is_directory(fs::symlink_status(path, error))) {
+        std::vector<fs::path> entries;
+        for (fs::directory_iterator at(path, error), end; !error && at != end; at.increment(error))
+            entries.push_back(at->path());
+        for (const fs::path& entry : entries)
+            removeTree(entry);
+    }
+    fs::remove(path, error);
+}
+
 void copyFolderInto(const fs::path& folder, const fs::path& into) {
     std::error_code error;
     if (!fs::is_directory(folder, error))
@@ -214,7 +203,7 @@ std::vector<std::string> listFiles(const fs::path& folder, std::string_view patt
     std::error_code error;
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
         std::string name = pathText(at->path().filename());
-        if (matchesFolded(foldCase(name), folded))
+        if (matchesWildcards(foldCase(name), folded, fileWildcards))
             names.push_back(std::move(name));
     }
     std::sort(names.begin(), names.end());
@@ -227,7 +216,8 @@ std::string findFirst(const fs::path& folder, std::string_view pattern) {
 }
 
 bool matchesPattern(std::string_view name, std::string_view pattern) {
-    return matchesFolded(foldCase(name), pattern == "*.*" ? "*" : foldCase(pattern));
+    return matchesWildcards(foldCase(name), pattern == "*.*" ? "*" : foldCase(pattern),
+                            fileWildcards);
 }
 
 } // namespace vorna

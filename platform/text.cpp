@@ -102,4 +102,29 @@ std::string_view characters(std::string_view text, std::size_t position, std::si
     return firstCharacters(text.substr(skipped), count);
 }
 
+bool matchesWildcards(std::string_view text, std::string_view pattern, Wildcards wildcards) {
+    // Walks both once, coming back to the latest any-text sign; never recursive.
+    std::size_t t = 0;
+    std::size_t p = 0;
+    std::size_t starPattern = std::string_view::npos;
+    std::size_t starText = 0;
+    const auto width = [](std::string_view from) { return firstCharacters(from, 1).size(); };
+    while (t < text.size()) {
+        const char sign = p < pattern.size() ? pattern[p] : '\0';
+        if (p < pattern.size() && sign == wildcards.anyText) { // first: a text can hold one too
+            starPattern = p++;
+            starText = t;
+        } else if (p < pattern.size() && (sign == wildcards.anyCharacter || sign == text[t])) {
+            t += sign == wildcards.anyCharacter ? width(text.substr(t)) : 1;
+            ++p;
+        } else if (starPattern != std::string_view::npos) {
+            p = starPattern + 1;
+            t = starText += width(text.substr(starText));
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of(wildcards.anyText, p) == std::string_view::npos;
+}
+
 } // namespace vorna

@@ -35,4 +35,16 @@ std::string_view withoutLastCharacters(std::string_view text, std::size_t count)
 // `count` characters from the 1-based position on; less where the text ends earlier.
 std::string_view characters(std::string_view text, std::size_t position, std::size_t count);
 
+// The two signs of a pattern: for any text, and for any one character.
+struct Wildcards {
+    char anyText;
+    char anyCharacter;
+};
+inline constexpr Wildcards fileWildcards{'*', '?'};
+inline constexpr Wildcards sqlWildcards{'%', '_'};
+
+// True when the whole text matches the pattern, byte by byte: who wants it without regard to case
+// folds both. Takes time in proportion to the text for each any-text sign.
+bool matchesWildcards(std::string_view text, std::string_view pattern, Wildcards wildcards);
+
 } // namespace vorna

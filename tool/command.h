@@ -41,12 +41,19 @@ using CommandDeclaration = CommandBody (*)(CLI::App& subcommand);
 
 CommandBody declareSession(CLI::App& subcommand);
 CommandBody declareConfigure(CLI::App& subcommand);
+CommandBody declareClients(CLI::App& subcommand);
+CommandBody declareClientSave(CLI::App& subcommand);
+CommandBody declareClientDelete(CLI::App& subcommand);
 CommandBody declareMeasurements(CLI::App& subcommand);
 CommandBody declareReadDaf(CLI::App& subcommand);
 CommandBody declareWriteDaf(CLI::App& subcommand);
 CommandBody declareEvaluate(CLI::App& subcommand);
 CommandBody declareDraw(CLI::App& subcommand);
 CommandBody declareCheck(CLI::App& subcommand);
+
+// A row of the client list: its row id (null in a table that is not the system's own) and its seven
+// columns.
+nlohmann::ordered_json clientRowAnswer(const ListRow& row);
 
 // The message boxes, notices and questions of the process so far, in their order.
 nlohmann::ordered_json messagesOf(const ToolProcess& process);

@@ -53,8 +53,8 @@ CommandBody declareMeasurements(CLI::App& subcommand) {
         ToolProcess process(options);
         process.start();
         process.selectClient(*client);
-        return {
-            {{"messages", messagesOf(process)}, {"rows", rowsOf(process.window.measurementList)}}};
+        return {{{"messages", messagesOf(process)},
+                 {"rows", rowsOf(process.window.measurements.list)}}};
     };
 }
 

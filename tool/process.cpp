@@ -1,7 +1,7 @@
 #include "tool/process.h"
 
 #include "clients/client_list.h"
-#include "clients/measurement_list.h"
+#include "clients/measurement_tab.h"
 #include "evaluation/chart_window.h"
 #include "tool/command.h"
 
@@ -42,8 +42,8 @@ ToolProcess::ToolProcess(const ToolOptions& options)
               .state = state,
               .platform = platform,
               .windows = windows,
-              .clientList = window.clientList,
-              .measurementList = window.measurementList,
+              .clientList = window.clients.list,
+              .measurementList = window.measurements.list,
               .recommend = {}},
       folders_{options.appFolder.empty() ? executableFolder() : options.appFolder,
                options.commonData.empty() ? commonDataFolder() : options.commonData} {
@@ -63,24 +63,24 @@ bool ToolProcess::start() {
 }
 
 void ToolProcess::selectClient(const std::string& intid) {
-    const auto& rows = window.clientList.rows();
+    const auto& rows = window.clients.list.rows();
     const auto at = std::find_if(rows.begin(), rows.end(), [&](const ListRow& row) {
         return row.subItem(static_cast<std::size_t>(ClientColumn::Intid)) == intid;
     });
     if (at == rows.end())
         throw CannotRun("--client: there is no client " + intid);
-    selectClientRow(window, session, static_cast<int>(at - rows.begin()));
+    selectClientRow(window, static_cast<int>(at - rows.begin()));
 }
 
 void ToolProcess::selectMeasurement(const std::string& name) {
-    const auto& rows = window.measurementList.rows();
+    const auto& rows = window.measurements.list.rows();
     const auto at =
         std::find_if(rows.begin(), rows.end(), [&](const ListRow& row) { return row.tag == name; });
     const auto index = at - rows.begin();
     if (at == rows.end())
-        window.measurementList.add(measurementRow(name));
-    window.measurementList.selected = static_cast<int>(index);
-    window.activeControl = &window.measurementList; // as a click on the row
+        window.measurements.list.add(measurementRow(name));
+    window.measurements.list.selected = static_cast<int>(index);
+    window.activeControl = &window.measurements.list; // as a click on the row
 }
 
 } // namespace vorna

@@ -39,21 +39,10 @@ ordered_json tabsOf(const MainWindow& window) {
     return captions;
 }
 
-// Null for a row without an id, in a table that is not the system's own.
-ordered_json idOf(const ListRow& row) {
-    ordered_json id = nullptr;
-    attempt([&] { id = roundToInt32(numberOfDecimalText(row.tag)); });
-    return id;
-}
-
 ordered_json clientsOf(const MainWindow& window) {
     auto clients = ordered_json::array();
-    for (const ListRow& row : window.clientList.rows()) {
-        auto columns = ordered_json::array({jsonText(row.text)});
-        for (const std::string& column : row.sub)
-            columns.push_back(jsonText(column));
-        clients.push_back({{"id", idOf(row)}, {"columns", columns}});
-    }
+    for (const ListRow& row : window.clients.list.rows())
+        clients.push_back(clientRowAnswer(row));
     return clients;
 }
 

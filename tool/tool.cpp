@@ -19,6 +19,9 @@ struct CommandEntry {
 constexpr std::array commands{
     CommandEntry{"session", "start-up: the session values, tabs and clients", &declareSession},
     CommandEntry{"configure", "the saves of the settings tab", &declareConfigure},
+    CommandEntry{"clients", "the client list", &declareClients},
+    CommandEntry{"client-save", "fills a client's card and saves it", &declareClientSave},
+    CommandEntry{"client-delete", "removes a client, after a question", &declareClientDelete},
     CommandEntry{"measurements", "a client's measurement list", &declareMeasurements},
     CommandEntry{"read-daf", "one measurement file as label and values", &declareReadDaf},
     CommandEntry{"write-daf", "writes one measurement file", &declareWriteDaf},

@@ -42,8 +42,8 @@ struct SettingsTab {
                               .state = state,
                               .platform = seams.platform,
                               .windows = windows,
-                              .clientList = window.clientList,
-                              .measurementList = window.measurementList,
+                              .clientList = window.clients.list,
+                              .measurementList = window.measurements.list,
                               .recommend = {}};
     int ended = 0;
 };

@@ -86,9 +86,10 @@ TEST_F(StartupTest, ASessionBeginsWithTheClientListAndNoClient) {
     EXPECT_EQ(tabs[5].caption, "Nastavení");
     EXPECT_FALSE(tabs[2].enabled);
     EXPECT_FALSE(tabs[3].visible);
-    EXPECT_EQ(window.clientList.headers.get(), (Texts{"Příjmení", "Jméno", "Datum narození",
-                                                      "Telefon", "Poslední návštěva", "Založen"}));
-    EXPECT_EQ(window.gender.rows.get(), (Texts{"muž", "žena"}));
+    EXPECT_EQ(
+        window.clients.list.headers.get(),
+        (Texts{"Příjmení", "Jméno", "Datum narození", "Telefon", "Poslední návštěva", "Založen"}));
+    EXPECT_EQ(window.card.gender.rows.get(), (Texts{"muž", "žena"}));
     EXPECT_EQ(window.chartLabels.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
     EXPECT_EQ(window.reportCharts.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
     EXPECT_EQ(window.chartLabels.at(4)->caption.get(), "PRVKY V KRUHU");
@@ -105,8 +106,8 @@ TEST_F(StartupTest, TheSecondStartKeepsEverything) {
     EXPECT_EQ(readWholeFile(dataRoot / names::anamnesis), "mine");
     EXPECT_EQ(run->session.userName, "Dvořák");
     EXPECT_EQ(run->window.practitionerName.text.get(), "Dvořák");
-    ASSERT_EQ(run->window.clientList.rows().size(), 1U);
-    EXPECT_EQ(run->window.clientList.rows()[0].text, "Nováková");
+    ASSERT_EQ(run->window.clients.list.rows().size(), 1U);
+    EXPECT_EQ(run->window.clients.list.rows()[0].text, "Nováková");
     EXPECT_EQ(backups(), Texts{});
 }
 
@@ -170,7 +171,7 @@ TEST_F(StartupTest, WhatCannotBeCopiedStopsNothing) {
     EXPECT_TRUE(fs::exists(dataRoot / names::setup)) << "behind the failed ones";
     EXPECT_TRUE(fs::exists(dataRoot / names::html));
     EXPECT_EQ(run->window.tabs.tabs()[0].caption, "Klienti");
-    EXPECT_TRUE(run->window.clientList.rows().empty());
+    EXPECT_TRUE(run->window.clients.list.rows().empty());
 }
 
 TEST_F(StartupTest, ADamagedDataRootStartsWithWhatIsLeft) {
@@ -216,7 +217,7 @@ TEST_F(StartupTest, TheModeIsReadFromItsSetting) {
         EXPECT_EQ(window.apmOption.checked, !mode.tcm) << mode.setting;
         EXPECT_EQ(window.tcmBadge.visible, mode.tcm) << mode.setting;
         EXPECT_EQ(window.apmBadge.visible, !mode.tcm) << mode.setting;
-        EXPECT_EQ(window.showApm.visible, mode.mode == 0) << mode.setting;
+        EXPECT_EQ(window.library.showApm.visible, mode.mode == 0) << mode.setting;
         EXPECT_EQ(run->session.referenceDb.has_value(), mode.tcmDatabase) << mode.setting;
     }
 }

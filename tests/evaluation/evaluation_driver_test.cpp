@@ -17,8 +17,8 @@ bool onlyZeros(const Texts& values) {
 TEST(EvaluationDriver, WithoutASelectedMeasurementNothingHappens) {
     EvaluationDesk desk;
     desk.measure("E", sampleValues(), 'A');
-    desk.window.measurementList.selected = -1;
-    desk.window.activeControl = &desk.window.measurementList;
+    desk.window.measurements.list.selected = -1;
+    desk.window.activeControl = &desk.window.measurements.list;
     desk.state.ReportChartIndex = 3;
     for (int button = 0; button < chartButtonCount; ++button)
         EXPECT_TRUE(desk.press(button).empty()) << button;
@@ -99,7 +99,7 @@ TEST(EvaluationDriver, ThePressOfAnActiveListIsNoPartOfAReport) {
     desk.window.activeControl = &desk.window.reportCharts.members.front().operator*();
     desk.press(4);
     EXPECT_EQ(desk.state.ReportChartIndex, 2);
-    desk.window.activeControl = &desk.window.measurementList;
+    desk.window.activeControl = &desk.window.measurements.list;
     desk.press(4);
     EXPECT_EQ(desk.state.ReportChartIndex, 0);
 }

@@ -3,7 +3,7 @@
 #include "acquisition/measurement_name.h"
 #include "application/startup.h"
 #include "clients/client_list.h"
-#include "clients/measurement_list.h"
+#include "clients/measurement_tab.h"
 #include "core/file_names.h"
 #include "core/settings_file.h"
 #include "tests/support/scratch_folder.h"
@@ -145,8 +145,8 @@ EvaluationDesk::EvaluationDesk(std::int16_t mode)
               .state = state,
               .platform = seams.platform,
               .windows = windows,
-              .clientList = window.clientList,
-              .measurementList = window.measurementList,
+              .clientList = window.clients.list,
+              .measurementList = window.measurements.list,
               .recommend = {}} {
     const fs::path dataRoot = house().folders.commonData / names::dataRoot;
     WriteIniValue(dataRoot / names::setup, "Global", "ModFunkce", mode == modeTcm ? "1" : "0");
@@ -155,17 +155,17 @@ EvaluationDesk::EvaluationDesk(std::int16_t mode)
     startUp(house().folders, session, window, seams.platform);
     session.odchylka = 15;
     bindMainWindow(window, context, {});
-    selectClientRow(window, session, 0);
+    selectClientRow(window, 0);
 }
 
 fs::path EvaluationDesk::measure(std::string_view kindLetter, const StoredValues& values,
                                  char modeLetter) {
-    const std::string name =
-        formatMeasurementName({.time = seams.clock.now(),
-                               .kindLetter = kindLetter.front(),
-                               .clientLabel = clientLabel(window.clientList.rows()[0].text, "Jana"),
-                               .practitioner = "Dvorak",
-                               .modeLetter = modeLetter});
+    const std::string name = formatMeasurementName(
+        {.time = seams.clock.now(),
+         .kindLetter = kindLetter.front(),
+         .clientLabel = clientLabel(window.clients.list.rows()[0].text, "Jana"),
+         .practitioner = "Dvorak",
+         .modeLetter = modeLetter});
     const fs::path file = currentClientFile(session, name);
     writeMeasurementFile(file, {.setLabel = "set", .values = values});
     select(name);
@@ -173,8 +173,8 @@ fs::path EvaluationDesk::measure(std::string_view kindLetter, const StoredValues
 }
 
 void EvaluationDesk::select(std::string_view name) {
-    window.measurementList.setRows({measurementRow(name)});
-    window.measurementList.selected = 0;
+    window.measurements.list.setRows({measurementRow(name)});
+    window.measurements.list.selected = 0;
 }
 
 const std::vector<ShownWindow>& EvaluationDesk::press(int button) {

@@ -1,4 +1,4 @@
-#include "application/backup.h"
+#include "core/backup.h"
 
 #include "core/file_names.h"
 #include "platform/failure.h"
@@ -11,8 +11,9 @@ namespace {
 
 // The backups of a kind, the oldest first, by the time when they were made: a name follows a clock
 // that may have been set back since.
-std::vector<fs::path> backupsOf(const fs::path& backups, std::string_view kind) {
+std::vector<fs::path> backupsOf(const fs::path& dataRoot, std::string_view kind) {
     std::vector<fs::path> found;
+    const fs::path backups = under(dataRoot, names::backup);
     for (const std::string& name : listFiles(backups, "*-" + std::string(kind)))
         found.push_back(backups / name);
     std::error_code error; // one that cannot be asked counts as the oldest
@@ -66,11 +67,10 @@ void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
     for (const std::string_view entry : entries)
         if (const fs::path path = under(dataRoot, entry); !isMissing(path))
             found.push_back(path);
-    const fs::path backups = under(dataRoot, names::backup);
-    const std::vector<fs::path> older = backupsOf(backups, kind);
+    const std::vector<fs::path> older = backupsOf(dataRoot, kind);
     if (found.empty() || (!older.empty() && isBackedUp(older.back(), found)))
         return;
-    const fs::path folder = newFolder(backups, kind, now);
+    const fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
     std::error_code error;
     for (const fs::path& path : found) {
         if (fs::is_directory(path, error))
@@ -81,6 +81,10 @@ void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
     // An old backup that cannot go stays.
     for (std::size_t i = 0; i + keptBackups <= older.size(); ++i)
         fs::remove_all(older[i], error);
+}
+
+std::vector<fs::path> allBackups(const fs::path& dataRoot) {
+    return backupsOf(dataRoot, "*");
 }
 
 } // namespace vorna

@@ -1,5 +1,4 @@
-#include "clients/measurement_list.h"
-#include "tests/support/workplace.h"
+#include "tests/clients/client_desk.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +6,12 @@ namespace vorna {
 namespace {
 
 TEST(MeasurementList, TheNewestStandsOnTopAndNamesAreReadAlone) {
-    Workplace place;
+    ClientDesk desk;
+    Workplace& place = desk.place;
+    const auto measurementRows = [&](const Session& session) -> const std::vector<ListRow>& {
+        fillMeasurementList(session, desk.measurements);
+        return desk.measurements.list.rows();
+    };
     place.folder.write("VORNA/data/250131143005_P_stray.daf", "");
     EXPECT_TRUE(measurementRows(place.session).empty()) << "no client";
     place.useClient("a1");

@@ -1,4 +1,4 @@
-#include "application/backup.h"
+#include "core/backup.h"
 #include "platform/failure.h"
 #include "tests/support/scratch_folder.h"
 

@@ -19,4 +19,7 @@ inline constexpr std::size_t keptBackups = 10;
 void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
             const std::vector<std::string_view>& entries, LocalTime now);
 
+// The folders of all backups of every kind: who deletes something on purpose deletes it there too.
+std::vector<std::filesystem::path> allBackups(const std::filesystem::path& dataRoot);
+
 } // namespace vorna

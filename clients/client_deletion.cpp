@@ -1,0 +1,95 @@
+#include "clients/client_deletion.h"
+
+#include "clients/client_record.h"
+#include "core/backup.h"
+#include "core/file_names.h"
+#include "core/main_tabs.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+
+namespace vorna {
+namespace {
+
+void forgetReports(const Session& session) {
+    const fs::path reports = under(session.dataRoot, names::html);
+    for (const std::string_view pattern : names::reportLeavings)
+        for (const std::string& name : listFiles(reports, pattern))
+            removeTree(reports / name);
+}
+
+// The client's folder and rows in every backup.
+void forgetInBackups(const Session& session, const std::string& intid) {
+    if (isForbiddenFileName(intid))
+        return;
+    for (const fs::path& backup : allBackups(session.dataRoot)) {
+        removeTree(under(backup, names::data) / intid);
+        attempt([&] {
+            Database(under(backup, names::clients))
+                .execute("delete from klienti where intid = ?", {intid});
+        });
+    }
+}
+
+} // namespace
+
+void deleteClient(ClientContext& context) {
+    Session& session = context.session;
+    const ListRow* const row = context.clients.list.selectedRow();
+    if (row == nullptr)
+        return;
+    const std::string id = row->tag;
+    const std::string intid(subItem(*row, ClientColumn::Intid));
+    if (!context.platform.dialogs.question(t(session, "t19") + row->text + " " +
+                                           std::string(subItem(*row, ClientColumn::FirstName)) +
+                                           "?"))
+        return;
+    attempt([&] { removeTree(clientFolder(session, intid)); });
+    attempt([&] { deleteClientRow(session, id); });
+    forgetInBackups(session, intid);
+    forgetReports(session);
+    attempt([&] {
+        context.clients.list.remove(static_cast<std::size_t>(context.clients.list.selected.get()));
+    });
+    context.tabs.change(static_cast<std::size_t>(MainTab::Card),
+                        [](Tab& tab) { tab.caption = "Karta"; });
+    context.platform.dialogs.notice(t(session, "t20"));
+}
+
+bool deleteAllClients(ClientContext& context) {
+    constexpr const char* title = "POZOR";
+    Session& session = context.session;
+    Dialogs& dialogs = context.platform.dialogs;
+    if (!dialogs.question("Dojde k nevratnému smazání všech záznamů. Máte provedenou zálohu?",
+                          title) ||
+        !dialogs.question("Dojde k nevratnému smazání všech záznamů. Opravdu chcete tuto akci "
+                          "dokončit?",
+                          title))
+        return false;
+    for (const std::string& name : listFiles(session.clientsFolder, "*.*"))
+        removeTree(session.clientsFolder / name);
+    attempt([&] { clientDatabase(session).execute("delete from klienti where id <> 0"); });
+    removeTree(under(session.dataRoot, names::backup));
+    forgetReports(session);
+    context.clients.list.clear();
+    dialogs.message("Všechna data vymazána, nyní bude program ukončen. Pro pokračování je nutné ho "
+                    "znovu spustit.");
+    return true;
+}
+
+void deleteMeasurement(ClientContext& context) {
+    Session& session = context.session;
+    const ListRow* const row = context.measurements.list.selectedRow();
+    if (row == nullptr)
+        return;
+    const std::string name = row->tag;
+    if (!context.platform.dialogs.question("Opravdu chcete odstranit měření: " + row->text + " ?"))
+        return;
+    attempt([&] {
+        removeTree(currentClientFile(session, name));
+        for (const fs::path& backup : allBackups(session.dataRoot))
+            removeTree(under(backup, names::data) / session.currentClientFolder / name);
+    });
+    fillMeasurementList(session, context.measurements);
+}
+
+} // namespace vorna
