@@ -85,6 +85,15 @@ std::int64_t highestId(Session& session) {
     return id;
 }
 
+// Tries the fields on a card of nobody, so that wrong usage touches nothing.
+void checkFields(const std::vector<std::string>& typed) {
+    Window window("");
+    ClientCard card(window);
+    card.maritalStatus.rows = std::vector<std::string>(4);
+    card.gender.rows = std::vector<std::string>(2);
+    fillCard(card, typed);
+}
+
 // The row of a loaded card, or the first that was made since `before`. Failure when there is none.
 std::int64_t storedId(ToolProcess& process, std::int64_t before) {
     const ClientCard& card = process.window.card;
@@ -113,8 +122,8 @@ ordered_json storedRow(ToolProcess& process, std::int64_t before) {
         for (const char* const column :
              {"prijmeni", "jmeno", "titulpred", "titulza", "adresa", "stav", "email", "telefon",
               "rc", "adresa2", "povolani", "telefon2", "narozeni", "intid", "zalozeni", "poslakce"})
-            if (!row.isNull(column))
-                answer[column] = jsonText(row.text(column));
+            answer[column] = row.isNull(column) ? ordered_json(nullptr)
+                                                : ordered_json(jsonText(row.text(column)));
     });
     return answer;
 }
@@ -122,6 +131,7 @@ ordered_json storedRow(ToolProcess& process, std::int64_t before) {
 CommandResult save(const SaveArguments& arguments, const ToolOptions& options) {
     if (arguments.isNew == !arguments.client.empty())
         throw WrongUsage("client-save: one of --new and --client is wanted");
+    checkFields(arguments.fields);
     ToolProcess process(options);
     process.start();
     if (arguments.isNew)

@@ -105,5 +105,31 @@ TEST(MainWindow, ASaveThatCannotWriteSaysNothingElse) {
     EXPECT_EQ(tab.ended, 1);
 }
 
+TEST(MainWindow, AChangeOfTheTabFillsItAnew) {
+    SettingsTab tab;
+    tab.session.clientsFolder = tab.folder / "data";
+    tab.session.currentClientFolder = "a1";
+    tab.folder.write("lang1.ini", "[other]\nt122=help\nt123=settings\nt124=free\nt125=about\n");
+    tab.folder.write("data/a1/250131143005_P_x.daf", "");
+    MainWindow& window = tab.window;
+    const auto go = [&](MainTab to) { window.tabs.select(static_cast<std::size_t>(to)); };
+    go(MainTab::Measurements);
+    EXPECT_EQ(window.measurements.list.size(), 1U);
+    tab.folder.write("data/a1/250131143006_P_x.daf", "");
+    go(MainTab::Measurements);
+    EXPECT_EQ(window.measurements.list.size(), 1U) << "the same tab is no change";
+    for (int visits = 0; visits < 2; ++visits) {
+        go(MainTab::Settings);
+        ASSERT_EQ(window.settingsList.size(), 4U);
+        EXPECT_EQ(window.settingsList.row(3).text, "about");
+        go(MainTab::Measurements);
+    }
+    EXPECT_EQ(window.measurements.list.size(), 2U);
+    EXPECT_TRUE(window.measureEnergy.visible);
+    tab.session.mode = modeApm;
+    go(MainTab::Clients);
+    EXPECT_FALSE(window.measureEnergy.visible);
+}
+
 } // namespace
 } // namespace vorna

@@ -9,8 +9,9 @@ using Arguments = std::vector<std::string>;
 
 class UsageTest : public ToolTest {};
 
-const char* const commands[] = {"session",   "configure", "measurements", "read-daf",
-                                "write-daf", "evaluate",  "draw",         "check"};
+const char* const commands[] = {"session",       "configure",    "clients",  "client-save",
+                                "client-delete", "measurements", "read-daf", "write-daf",
+                                "evaluate",      "draw",         "check"};
 
 bool isOneLine(const std::string& text) {
     return text.starts_with("vorna-tool: ") && text.find('\n') == text.size() - 1;
@@ -52,6 +53,13 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
         {{"configure", "--mode", "TCM"}, "--mode"},
         {{"configure", "--language", "0"}, "--language"},
         {{"configure", "--language", "5"}, "--language"},
+        {{"client-save"}, "--new"},
+        {{"client-save", "--new", "--client", "a1"}, "--client"},
+        {{"client-save", "--new", "--set", "jmeno"}, "--set"},
+        {{"client-save", "--new", "--set", "id=5"}, "id"},
+        {{"client-save", "--new", "--set", "stav=4"}, "stav"},
+        {{"client-save", "--new", "--set", "pohlavi=x"}, "pohlavi"},
+        {{"client-delete"}, "--client"},
         {{"measurements", "--pretty"}, "--client"},
         {{"evaluate", "--client", "a1", "--button", "0"}, "--measurement"},
         {{"evaluate", "--client", "a1", "--measurement", "x.daf"}, "--button"},
