@@ -8,6 +8,7 @@
 #include "core/settings_file.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "recommendation/recommendation_window.h"
 
 #include <memory>
 
@@ -62,6 +63,7 @@ void bindCharts(MainWindow& window, EvaluationContext& context) {
         button->clicked = [&window, &context, index = button->index()] {
             pressChartButton(context, index, window.activeControl == &window.measurements.list);
         };
+    context.recommend = [&context](ChartWindow& chart) { showRecommendation(context, chart); };
 }
 
 void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {

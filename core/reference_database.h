@@ -32,6 +32,14 @@ std::string vratNazevGrafu(Session& session, int id);
 std::string vratPopisBodu(Session& session, std::string_view text);
 std::string vratChinaBodu(Session& session, std::string_view text);
 
+// The same of a proposal's tag, which a side's digit ends.
+inline std::string vratDescr(Session& session, std::string_view tag) {
+    return vratPopisBodu(session, tag);
+}
+inline std::string vratChina(Session& session, std::string_view tag) {
+    return vratChinaBodu(session, tag);
+}
+
 // The result of a lookup, or the empty text when it fails: for labels and titles, which a failing
 // query leaves empty.
 template <class Lookup>

@@ -48,12 +48,16 @@ CommandBody declareMeasurements(CLI::App& subcommand);
 CommandBody declareReadDaf(CLI::App& subcommand);
 CommandBody declareWriteDaf(CLI::App& subcommand);
 CommandBody declareEvaluate(CLI::App& subcommand);
+CommandBody declareRecommend(CLI::App& subcommand);
 CommandBody declareDraw(CLI::App& subcommand);
 CommandBody declareCheck(CLI::App& subcommand);
 
 // A row of the client list: its row id (null in a table that is not the system's own) and its seven
 // columns.
 nlohmann::ordered_json clientRowAnswer(const ListRow& row);
+
+// A row of a problem list or of a list of proposed points: its text, columns 1 to 4 and its tag.
+nlohmann::ordered_json problemRowAnswer(const ListRow& row);
 
 // The message boxes, notices and questions of the process so far, in their order.
 nlohmann::ordered_json messagesOf(const ToolProcess& process);

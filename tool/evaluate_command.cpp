@@ -36,12 +36,8 @@ private:
         windowName = "ChartWindow";
         title = jsonText(window.caption());
         noteDocuments(window, "");
-        for (const ListRow& row : window.problems.rows()) {
-            auto sub = ordered_json::array();
-            for (std::size_t i = 1; i <= 4; ++i)
-                sub.push_back(jsonText(row.subItem(i)));
-            rows.push_back({{"text", jsonText(row.text)}, {"sub", sub}, {"tag", row.tag}});
-        }
+        for (const ListRow& row : window.problems.rows())
+            rows.push_back(problemRowAnswer(row));
     }
 
     void visitBalance(const BalanceWindow& window) {
@@ -118,6 +114,13 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
 }
 
 } // namespace
+
+nlohmann::ordered_json problemRowAnswer(const ListRow& row) {
+    auto sub = ordered_json::array();
+    for (std::size_t i = 1; i <= 4; ++i)
+        sub.push_back(jsonText(row.subItem(i)));
+    return {{"text", jsonText(row.text)}, {"sub", sub}, {"tag", jsonText(row.tag)}};
+}
 
 CommandBody declareEvaluate(CLI::App& subcommand) {
     const auto arguments = std::make_shared<Arguments>();

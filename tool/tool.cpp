@@ -26,6 +26,7 @@ constexpr std::array commands{
     CommandEntry{"read-daf", "one measurement file as label and values", &declareReadDaf},
     CommandEntry{"write-daf", "writes one measurement file", &declareWriteDaf},
     CommandEntry{"evaluate", "a press of a chart button", &declareEvaluate},
+    CommandEntry{"recommend", "the recommended solution for one problem row", &declareRecommend},
     CommandEntry{"draw", "draws one chart document", &declareDraw},
     CommandEntry{"check", "holds the installation's content against what the system asks of it",
                  &declareCheck},
