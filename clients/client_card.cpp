@@ -11,7 +11,7 @@ namespace vorna {
 namespace {
 
 constexpr const char* birthDateMask = "##.##.####";
-constexpr double firstYearOfLastCentury = 15;
+constexpr double boundaryOfCenturies = 15;
 
 struct BoxOfColumn {
     std::string_view column;
@@ -111,7 +111,7 @@ void fillFromPersonalNumber(const Session& session, ClientCard& card) {
     }
     attempt([&] {
         const std::string year(characters(rc, 1, 2));
-        date += (numberOfDecimalText(year) < firstYearOfLastCentury ? ".20" : ".19") + year;
+        date += (numberOfDecimalText(year) < boundaryOfCenturies ? ".20" : ".19") + year;
     });
     card.born.type(date);
 }

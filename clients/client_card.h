@@ -35,7 +35,7 @@ struct ClientCard {
     TextBox telephone;
     TextBox telephone2;
     TextBox email;
-    Button anamnesis; // hidden on a card that was never saved
+    Button anamnesis; // hidden on a new card until it is saved
     TextBox founded;
     TextBox lastVisit;
     Button save;
@@ -58,7 +58,7 @@ std::string cardValue(const ClientCard& card, std::string_view column);
 // The text box of a column; null for one that no text box holds.
 TextBox* cardBox(ClientCard& card, std::string_view column);
 
-// Empties every field. The hidden row and folder stay.
+// Empties every field but the last visit. The hidden row and folder stay.
 void clearCard(ClientCard& card);
 
 // In Czech, and when a number is there: birth date and gender from the personal number, of which

@@ -7,6 +7,8 @@
 #include "platform/failure.h"
 #include "platform/files.h"
 
+#include <functional>
+
 namespace vorna {
 namespace {
 
@@ -17,17 +19,28 @@ void forgetReports(const Session& session) {
             removeTree(reports / name);
 }
 
+// Acts on the folder of every backup; a backup keeps its age, which its folder's time tells.
+void inEveryBackup(const Session& session, const std::function<void(const fs::path&)>& action) {
+    for (const fs::path& backup : allBackups(session.dataRoot)) {
+        std::error_code error;
+        const fs::file_time_type made = fs::last_write_time(backup, error);
+        action(backup);
+        fs::last_write_time(backup, made, error);
+    }
+}
+
 // The client's folder and rows in every backup.
 void forgetInBackups(const Session& session, const std::string& intid) {
-    if (isForbiddenFileName(intid))
+    if (intid.empty())
         return;
-    for (const fs::path& backup : allBackups(session.dataRoot)) {
-        removeTree(under(backup, names::data) / intid);
+    inEveryBackup(session, [&](const fs::path& backup) {
+        if (!isForbiddenFileName(intid))
+            removeTree(under(under(backup, names::data), intid));
         attempt([&] {
             Database(under(backup, names::clients))
-                .execute("delete from klienti where intid = ?", {intid});
+                .execute("delete from klienti where intid = ? collate binary", {intid});
         });
-    }
+    });
 }
 
 } // namespace
@@ -85,9 +98,13 @@ void deleteMeasurement(ClientContext& context) {
     if (!context.platform.dialogs.question("Opravdu chcete odstranit měření: " + row->text + " ?"))
         return;
     attempt([&] {
-        removeTree(currentClientFile(session, name));
-        for (const fs::path& backup : allBackups(session.dataRoot))
-            removeTree(under(backup, names::data) / session.currentClientFolder / name);
+        std::error_code error; // what cannot be removed shows in the list again
+        fs::remove(currentClientFile(session, name), error);
+        inEveryBackup(session, [&](const fs::path& backup) {
+            const fs::path folder = under(under(backup, names::data), session.currentClientFolder);
+            fs::remove(under(folder, name), error);
+        });
+        forgetReports(session);
     });
     fillMeasurementList(session, context.measurements);
 }

@@ -7,25 +7,15 @@
 namespace vorna {
 namespace {
 
-// Empty also where a table from elsewhere lacks the column.
-std::string textOrEmpty(const Recordset& row, std::string_view column) {
-    std::string text;
-    attempt([&] {
-        if (!row.isNull(column))
-            text = row.text(column);
-    });
-    return text;
-}
-
 ListRow clientRow(const Recordset& row) {
     return {.text = row.text("prijmeni"),
-            .sub = {textOrEmpty(row, "jmeno"),
-                    textOrEmpty(row, "narozeni"),
-                    textOrEmpty(row, "telefon"),
+            .sub = {row.textOrEmpty("jmeno"),
+                    row.textOrEmpty("narozeni"),
+                    row.textOrEmpty("telefon"),
                     {},
-                    withoutSeconds(textOrEmpty(row, "zalozeni")),
-                    textOrEmpty(row, "intid")},
-            .tag = textOrEmpty(row, "id")};
+                    withoutSeconds(row.textOrEmpty("zalozeni")),
+                    row.textOrEmpty("intid")},
+            .tag = row.textOrEmpty("id")};
 }
 
 } // namespace
@@ -38,10 +28,14 @@ void ClientIndex::readAgainWhenChanged(Database& database) {
     entries_.clear();
     Recordset clients = database.query("select * from klienti where prijmeni is not null"
                                        " order by prijmeni collate alphabet, id");
-    for (; !clients.atEnd(); clients.moveNext())
-        entries_.push_back(
-            {.row = clientRow(clients), .foldedSurname = foldCase(clients.text("prijmeni"))});
-    version_ = version;
+    // In a damaged table the rows before the damage stay.
+    const bool whole = attempt([&] {
+        for (; !clients.atEnd(); clients.moveNext())
+            entries_.push_back(
+                {.row = clientRow(clients), .foldedSurname = foldCase(clients.text("prijmeni"))});
+    });
+    if (whole)
+        version_ = version;
 }
 
 std::vector<ListRow> ClientIndex::matching(Database& database, std::string_view filter) {

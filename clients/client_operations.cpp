@@ -23,38 +23,33 @@ void setTabCaption(TabStrip& tabs, MainTab tab, const std::string& caption) {
 // no write can reach the client that was current before.
 void setKlientDatPath(Session& session, std::string_view intid) {
     session.klientDatPath.clear();
-    attempt([&] { session.klientDatPath = clientFolder(session, intid) / names::klientDat; });
+    attempt([&] { session.klientDatPath = under(clientFolder(session, intid), names::klientDat); });
 }
 
-// A column without a value reads as empty: the field must not keep the client before.
-std::string columnText(const Recordset& row, std::string_view column) {
-    return row.isNull(column) ? std::string{} : row.text(column);
-}
-
+// What has no value, or none that fits, is empty: a field must not keep the client before.
 void loadRow(ClientContext& context, const Recordset& row) {
     ClientCard& card = context.card;
     for (const CardValue& value : cardValues(card))
         if (TextBox* const box = cardBox(card, value.column))
-            attempt([&] { box->text = columnText(row, value.column); });
+            box->text = row.textOrEmpty(value.column);
+    setTabCaption(context.tabs, MainTab::Card,
+                  row.textOrEmpty("prijmeni") + " " +
+                      std::string(firstCharacters(row.textOrEmpty("jmeno"), 1)) + ".");
+    card.maritalStatus.index = -1;
     attempt([&] {
-        const std::string firstName = columnText(row, "jmeno");
-        setTabCaption(context.tabs, MainTab::Card,
-                      columnText(row, "prijmeni") + " " +
-                          std::string(firstCharacters(firstName, 1)) + ".");
+        card.maritalStatus.choose(roundToInt32(numberOfDecimalText(row.textOrEmpty("stav"))));
     });
-    attempt([&] {
-        card.maritalStatus.choose(roundToInt32(numberOfDecimalText(columnText(row, "stav"))));
-    });
-    attempt([&] { card.founded.text = withoutSeconds(columnText(row, "zalozeni")); });
-    attempt([&] { card.intid.text = columnText(row, "intid"); });
+    card.founded.text = withoutSeconds(row.textOrEmpty("zalozeni"));
+    card.intid.text = row.textOrEmpty("intid");
     if (context.session.language != languageCzech)
-        attempt([&] { card.born.type(columnText(row, "narozeni")); });
+        card.born.type(row.textOrEmpty("narozeni"));
 }
 
 // A client without a gender in its file shows the first one.
 void loadGender(const Session& session, ClientCard& card) {
     if (session.language == languageCzech)
         return;
+    card.gender.index = -1;
     const std::string pohlavi = ReadIniValue(session.klientDatPath, "global", "pohlavi");
     attempt([&] {
         card.gender.choose(pohlavi.empty() ? 0 : roundToInt32(numberOfDecimalText(pohlavi)));
@@ -62,23 +57,31 @@ void loadGender(const Session& session, ClientCard& card) {
 }
 
 void loadCard(ClientContext& context, const std::string& id) {
-    context.card.id.text = id;
+    Session& session = context.session;
+    ClientCard& card = context.card;
+    card.id.text = "";
     const bool loaded = attempt([&] {
-        const Recordset row = clientDatabase(context.session)
-                                  .query("select * from klienti where id = ?",
-                                         {std::int64_t{roundToInt32(numberOfDecimalText(id))}});
-        row.requireRow();
+        const Recordset row = queryClient(session, id);
         loadRow(context, row);
+        card.id.text = id;
     });
-    if (!loaded) { // not the client before under this one's name
-        clearCard(context.card);
-        context.card.id.text = "";
-        context.card.intid.text = "";
+    // A new client whose row could not be stored keeps what was typed; of anybody else the card
+    // must not show the client before.
+    if (!loaded && card.intid.text.get() != session.currentClientFolder) {
+        clearCard(card);
+        card.intid.text = "";
     }
-    loadGender(context.session, context.card);
+    loadGender(session, card);
 }
 
 // ---- Saving
+
+// Failure when the current client can have no file.
+const std::filesystem::path& klientDat(const Session& session) {
+    if (session.klientDatPath.empty())
+        throw Failure("a client's file has no place");
+    return session.klientDatPath;
+}
 
 void addListRow(ClientContext& context) {
     const ClientCard& card = context.card;
@@ -110,17 +113,15 @@ void storeNewClient(ClientContext& context) {
                                           error);
     });
     setKlientDatPath(session, session.currentClientFolder);
-    attempt([&] {
-        if (session.klientDatPath.empty())
-            throw Failure("a client's file has no place");
-        copyFileOver(under(session.dataRoot, names::user), session.klientDatPath);
-    });
+    attempt([&] { copyFileOver(under(session.dataRoot, names::user), klientDat(session)); });
 }
 
 void storeChanges(ClientContext& context) {
     const ClientCard& card = context.card;
     attempt([&] { updateClient(context.session, card, card.id.text.get()); });
     attempt([&] {
+        if (card.id.text.get().empty())
+            throw Failure("a card without a row changes none of the list");
         ListView& list = context.clients.list;
         list.change(static_cast<std::size_t>(list.selected.get()), [&](ListRow& row) {
             row.text = card.surname.text;
@@ -171,6 +172,7 @@ void newClient(ClientContext& context) {
     session.newClientPending = true;
     clearCard(context.card);
     context.card.lastVisit.text = "";
+    context.card.intid.text = ""; // when no new one can be made, not the one before
     session.currentClientFolder.clear();
     const LocalTime now = context.platform.clock.now();
     attempt([&] { context.card.intid.text = vratUnik(context.platform.locale, now); });
@@ -184,13 +186,15 @@ void saveClient(ClientContext& context) {
         storeNewClient(context);
     else
         storeChanges(context);
-    writeKlientDat(context.session.klientDatPath, context.card);
+    attempt([&] { writeKlientDat(klientDat(context.session), context.card); });
     context.platform.dialogs.notice(t(context.session, "T1"));
     context.card.anamnesis.visible = true;
 }
 
 void PridatPosledniNavstevu(ClientContext& context) {
     Session& session = context.session;
+    if (session.currentClientFolder.empty())
+        return;
     const LocalTime now = context.platform.clock.now();
     attempt([&] {
         clientDatabase(session).execute("update klienti set poslakce = ? where intid = ?",
@@ -206,11 +210,7 @@ void PridatPosledniNavstevu(ClientContext& context) {
         });
     });
     context.card.lastVisit.text = visit;
-    attempt([&] {
-        if (session.klientDatPath.empty())
-            throw Failure("a client's file has no place");
-        WriteIniValue(session.klientDatPath, "global", "posledni", visit);
-    });
+    attempt([&] { WriteIniValue(klientDat(session), "global", "posledni", visit); });
 }
 
 } // namespace vorna

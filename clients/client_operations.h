@@ -1,5 +1,5 @@
 // The operations on clients behind the first two tabs. The card is blank (no client), new (its
-// client was never stored) or loaded. One rule holds for all of them: a step that fails reports
+// client was never stored) or loaded. One rule holds within them: a step that fails reports
 // nothing, and the next one runs; so a save whose statement fails still writes klient.dat.
 #pragma once
 
@@ -39,7 +39,7 @@ void newClient(ClientContext& context);
 void saveClient(ClientContext& context);
 
 // Notes a visit of the current client, now, in its row, in its klient.dat, on the card and in the
-// list.
+// list. Nothing without a client.
 void PridatPosledniNavstevu(ClientContext& context); // NOLINT(readability-identifier-naming)
 
 } // namespace vorna

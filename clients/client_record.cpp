@@ -52,7 +52,7 @@ std::string withoutSeconds(std::string_view zalozeni) {
 std::filesystem::path clientFolder(const Session& session, std::string_view intid) {
     if (isForbiddenFileName(intid))
         throw Failure("a client's folder has no name that a folder can have");
-    return session.clientsFolder / intid;
+    return under(session.clientsFolder, intid);
 }
 
 void insertClient(Session& session, const ClientCard& card, std::string_view zalozeni) {
@@ -79,19 +79,24 @@ void updateClient(Session& session, const ClientCard& card, std::string_view id)
     clientDatabase(session).execute("update klienti set " + changes + " where id = ?", bound);
 }
 
+Recordset queryClient(Session& session, std::string_view id) {
+    Recordset row =
+        clientDatabase(session).query("select * from klienti where id = ?", {rowId(id)});
+    row.requireRow();
+    return row;
+}
+
 void deleteClientRow(Session& session, std::string_view id) {
     clientDatabase(session).execute("delete from klienti where id = ?", {rowId(id)});
 }
 
 void writeKlientDat(const std::filesystem::path& file, const ClientCard& card) {
+    std::vector<IniValue> values;
     for (const char* const key :
          {"prijmeni", "intid", "jmeno", "titulpred", "titulza", "adresa", "stav", "email",
           "telefon", "pohlavi", "narozeni", "rc", "adresa2", "povolani", "telefon2", "zalozeni"})
-        attempt([&] {
-            if (file.empty())
-                throw Failure("a client's file has no place");
-            WriteIniValue(file, "global", key, cardValue(card, key));
-        });
+        values.push_back({key, cardValue(card, key)});
+    WriteIniValues(file, "global", values);
 }
 
 } // namespace vorna

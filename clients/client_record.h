@@ -22,7 +22,8 @@ std::string vratUnik(const Locale& locale, LocalTime now);
 // A moment less its seconds: a text with exactly two colons loses its last 3 characters.
 std::string withoutSeconds(std::string_view zalozeni);
 
-// The folder of a client. Failure for an intid that no folder can have as its name.
+// The folder of a client, found without regard to the case of its name. Failure for an intid that
+// no folder can have as its name.
 std::filesystem::path clientFolder(const Session& session, std::string_view intid);
 
 // The row of a new client. Failure as for every statement, a value with an unpaired apostrophe
@@ -31,9 +32,11 @@ void insertClient(Session& session, const ClientCard& card, std::string_view zal
 // The row with this id; one that does not exist changes nothing. Failure likewise, and for an id
 // that is no number.
 void updateClient(Session& session, const ClientCard& card, std::string_view id);
+// The row. Failure when there is none.
+Recordset queryClient(Session& session, std::string_view id);
 void deleteClientRow(Session& session, std::string_view id);
 
-// Writes the card to the client's klient.dat, one key after the other, failing ones passed over.
+// Writes the card to the client's klient.dat, key after key. Failure when it cannot be written.
 void writeKlientDat(const std::filesystem::path& file, const ClientCard& card);
 
 } // namespace vorna

@@ -14,10 +14,6 @@ namespace {
 
 // ---- Records and rows
 
-std::string textOrEmpty(const Recordset& row, std::string_view column) {
-    return row.isNull(column) ? std::string{} : row.text(column);
-}
-
 std::vector<MeridianRecord> readMeridians(Session& session) {
     Recordset rows = referenceDatabase(session).query(
         "select Meridians.meridianName, Meridians.china, Meridians.meridian, Meridians.description,"
@@ -26,23 +22,23 @@ std::vector<MeridianRecord> readMeridians(Session& session) {
         " inner join EnergyTypes on Meridians.Energy = EnergyTypes.id order by Meridians.meridian");
     std::vector<MeridianRecord> meridians;
     for (; !rows.atEnd(); rows.moveNext())
-        meridians.push_back({.meridian = textOrEmpty(rows, "meridian"),
-                             .meridianName = textOrEmpty(rows, "meridianName"),
-                             .china = textOrEmpty(rows, "china"),
-                             .description = textOrEmpty(rows, "description"),
-                             .shortName = textOrEmpty(rows, "shortName"),
-                             .elementname = textOrEmpty(rows, "elementname"),
-                             .energy = textOrEmpty(rows, "energy"),
-                             .descrShort = textOrEmpty(rows, "descr-short")});
+        meridians.push_back({.meridian = rows.textOrEmpty("meridian"),
+                             .meridianName = rows.textOrEmpty("meridianName"),
+                             .china = rows.textOrEmpty("china"),
+                             .description = rows.textOrEmpty("description"),
+                             .shortName = rows.textOrEmpty("shortName"),
+                             .elementname = rows.textOrEmpty("elementname"),
+                             .energy = rows.textOrEmpty("energy"),
+                             .descrShort = rows.textOrEmpty("descr-short")});
     return meridians;
 }
 
 PointRecord pointRecord(const Recordset& row, std::string elementname) {
-    return {.meridian = textOrEmpty(row, "Meridian"),
-            .point = textOrEmpty(row, "point"),
+    return {.meridian = row.textOrEmpty("Meridian"),
+            .point = row.textOrEmpty("point"),
             .elementname = std::move(elementname),
-            .pointLong = textOrEmpty(row, "pointLong"),
-            .descr = textOrEmpty(row, "descr")};
+            .pointLong = row.textOrEmpty("pointLong"),
+            .descr = row.textOrEmpty("descr")};
 }
 
 std::vector<PointRecord> readAllPoints(Session& session) {
@@ -61,7 +57,7 @@ std::vector<PointRecord> readPointsOf(Session& session, const std::string& merid
         {meridian});
     std::vector<PointRecord> points;
     for (; !rows.atEnd(); rows.moveNext())
-        points.push_back(pointRecord(rows, textOrEmpty(rows, "elementname")));
+        points.push_back(pointRecord(rows, rows.textOrEmpty("elementname")));
     return points;
 }
 

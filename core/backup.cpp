@@ -72,11 +72,17 @@ void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
         return;
     const fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
     std::error_code error;
-    for (const fs::path& path : found) {
-        if (fs::is_directory(path, error))
-            copyFolderInto(path, folder);
-        else
-            copyFileOver(path, folder / path.filename());
+    const bool whole = attempt([&] {
+        for (const fs::path& path : found) {
+            if (fs::is_directory(path, error))
+                copyFolderInto(path, folder);
+            else
+                copyFileOver(path, folder / path.filename());
+        }
+    });
+    if (!whole) {
+        removeTree(folder);
+        throw Failure("a backup cannot be made whole");
     }
     // An old backup that cannot go stays.
     for (std::size_t i = 0; i + keptBackups <= older.size(); ++i)

@@ -39,7 +39,7 @@ std::filesystem::path currentClientFile(const Session& session, std::string_view
     const std::string& folder = session.currentClientFolder;
     if (isForbiddenFileName(name) || (!folder.empty() && isForbiddenFileName(folder)))
         throw Failure("a client's file has a name that no folder can hold");
-    return session.clientsFolder / folder / name;
+    return under(under(session.clientsFolder, folder), name);
 }
 
 } // namespace vorna

@@ -103,6 +103,36 @@ DecodedText readDecoded(const std::filesystem::path& file, CodePage codePage) {
     return content;
 }
 
+// A file that is there and cannot be read must not be replaced by one with a single key.
+DecodedText readForChange(const std::filesystem::path& file) {
+    if (isMissing(file))
+        return {};
+    const std::string bytes = readWholeFile(file);
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
+        throw Failure("a settings file in UTF-16 cannot be changed");
+    return decodeTextFile(bytes);
+}
+
+struct Entry {
+    std::string key;
+    std::string valueAndLineEnd;
+};
+
+// Replaces the line of a key or adds one, with its section where that is missing.
+void setEntry(std::vector<std::string>& lines, std::string_view section, const Entry& entry) {
+    const std::string line = entry.key + "=" + entry.valueAndLineEnd;
+    const Place place = findPlace(lines, section, entry.key);
+    if (place.entry) {
+        lines[*place.entry] = line;
+    } else if (place.sectionEnd) {
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*place.sectionEnd), line);
+    } else {
+        const bool windowsLines = line.ends_with("\r\n");
+        lines.push_back("[" + std::string(section) + "]" + (windowsLines ? "\r\n" : "\n"));
+        lines.push_back(line);
+    }
+}
+
 } // namespace
 
 std::string ReadIniValue(const std::filesystem::path& file, std::string_view section,
@@ -116,31 +146,20 @@ std::string ReadIniValue(const std::filesystem::path& file, std::string_view sec
 
 void WriteIniValue(const std::filesystem::path& file, std::string_view section,
                    std::string_view key, std::string_view value) {
-    DecodedText content;
-    // A file that is there and cannot be read must not be replaced by one with a single key.
-    if (!isMissing(file)) {
-        const std::string bytes = readWholeFile(file);
-        if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF"))
-            throw Failure("a settings file in UTF-16 cannot be changed");
-        content = decodeTextFile(bytes);
-    }
+    WriteIniValues(file, section, {{key, std::string(value)}});
+}
+
+void WriteIniValues(const std::filesystem::path& file, std::string_view section,
+                    const std::vector<IniValue>& values) {
+    DecodedText content = readForChange(file);
     std::vector<std::string> lines = linesOf(content.text);
     const bool unixLines = content.text.find('\n') != std::string::npos &&
                            content.text.find("\r\n") == std::string::npos;
     const std::string lineEnd = unixLines ? "\n" : "\r\n";
     if (!lines.empty() && !lines.back().ends_with('\n'))
         lines.back() += lineEnd;
-
-    const std::string line = std::string(key) + "=" + inOneLine(value) + lineEnd;
-    const Place place = findPlace(lines, section, key);
-    if (place.entry) {
-        lines[*place.entry] = line;
-    } else if (place.sectionEnd) {
-        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(*place.sectionEnd), line);
-    } else {
-        lines.push_back("[" + std::string(section) + "]" + lineEnd);
-        lines.push_back(line);
-    }
+    for (const auto& [key, value] : values)
+        setEntry(lines, section, {std::string(key), inOneLine(value) + lineEnd});
     content.text.clear();
     for (const std::string& one : lines)
         content.text += one;

@@ -28,6 +28,14 @@ std::string ReadIniValue(const std::filesystem::path& file, std::string_view sec
 void WriteIniValue(const std::filesystem::path& file, std::string_view section,
                    std::string_view key, std::string_view value);
 
+// Several keys of one section, in their order, as so many writes; the file is replaced once.
+struct IniValue {
+    std::string_view key;
+    std::string value;
+};
+void WriteIniValues(const std::filesystem::path& file, std::string_view section,
+                    const std::vector<IniValue>& values);
+
 struct IniEntry {
     std::string section;
     std::string key;

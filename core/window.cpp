@@ -41,6 +41,8 @@ void MaskedBox::type(std::string_view typed) {
             if (place == std::string::npos)
                 break;
             taken[place++] = c;
+        } else if (c == '_') {
+            place = std::min(mask_.find('#', place), mask_.size() - 1) + 1;
         } else if (const std::size_t sign = mask_.find(c, place);
                    c != '#' && sign != std::string::npos) {
             place = sign + 1;

@@ -136,7 +136,8 @@ public:
     // The mask without any digit.
     [[nodiscard]] std::string emptyText() const;
     // Takes of a text what the mask has room for, as if it were typed from the first place on: a
-    // digit fills the next place, a sign of the mask goes on behind that sign, all else is dropped.
+    // digit fills the next place, "_" leaves it empty, a sign of the mask goes on behind that sign,
+    // all else is dropped.
     void type(std::string_view typed);
     void clear() { text = emptyText(); }
 

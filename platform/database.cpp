@@ -160,6 +160,15 @@ std::string Recordset::text(std::string_view column) const {
     return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(handle_, index))};
 }
 
+std::string Recordset::textOrEmpty(std::string_view column) const {
+    std::string value;
+    attempt([&] {
+        if (!isNull(column))
+            value = text(column);
+    });
+    return value;
+}
+
 std::int64_t Recordset::number(std::string_view column) const {
     const int index = columnIndex(column);
     if (sqlite3_column_type(handle_, index) == SQLITE_NULL)

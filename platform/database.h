@@ -47,6 +47,8 @@ public:
     [[nodiscard]] bool isNull(std::string_view column) const;
     // The column's value as text. Failure when there is no row, no such column, or NULL in it.
     [[nodiscard]] std::string text(std::string_view column) const;
+    // Empty for NULL, and where there is no such column.
+    [[nodiscard]] std::string textOrEmpty(std::string_view column) const;
     [[nodiscard]] std::int64_t number(std::string_view column) const;
 
 private:

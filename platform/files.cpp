@@ -176,6 +176,7 @@ void copyFileOver(const fs::path& from, const fs::path& to) {
 void removeTree(const fs::path& path) {
     std::error_code error;
     if (fs::is_directory(fs::symlink_status(path, error))) {
+        fs::permissions(path, fs::perms::owner_all, fs::perm_options::add, error);
         std::vector<fs::path> entries;
         for (fs::directory_iterator at(path, error), end; !error && at != end; at.increment(error))
             entries.push_back(at->path());

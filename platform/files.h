@@ -48,8 +48,8 @@ void copyFileOver(const fs::path& from, const fs::path& to);
 // at the first entry that cannot be copied; what was copied stays. Symbolic links are left out.
 void copyFolderInto(const fs::path& folder, const fs::path& into);
 
-// Removes a file, or a folder with all in it, as far as it can be removed; what resists stays. A
-// link goes and what it leads to stays.
+// Removes a file, or a folder with all in it, as far as it can be removed, write-protected ones
+// too; what resists stays. A link goes and what it leads to stays.
 void removeTree(const fs::path& path);
 
 // The names in a folder that match a pattern with * and ? (without regard to case; *.* matches

@@ -40,7 +40,13 @@ Field parseField(const std::string& typed) {
 }
 
 void chooseRow(ComboBox& list, const Field& field) {
-    if (!attempt([&] { list.choose(roundToInt32(numberOfDecimalText(field.value))); }))
+    const bool chosen = attempt([&] {
+        const double number = numberOfDecimalText(field.value);
+        list.choose(roundToInt32(number));
+        if (list.index.get() != number)
+            throw Failure("a list has no such row");
+    });
+    if (!chosen)
         throw WrongUsage("--set " + field.name + ": \"" + field.value +
                          "\" is no row of the list; rows count from 0, -1 is none");
 }
@@ -75,8 +81,9 @@ void fillCard(ClientCard& card, const std::vector<std::string>& typed) {
         fillField(card, field);
 }
 
-std::int64_t highestId(Session& session) {
-    std::int64_t id = 0;
+// Empty when the table cannot be asked.
+std::optional<std::int64_t> highestId(Session& session) {
+    std::optional<std::int64_t> id;
     attempt([&] {
         id = clientDatabase(session)
                  .query("select coalesce(max(id), 0) as id from klienti")
@@ -95,17 +102,19 @@ void checkFields(const std::vector<std::string>& typed) {
 }
 
 // The row of a loaded card, or the first that was made since `before`. Failure when there is none.
-std::int64_t storedId(ToolProcess& process, std::int64_t before) {
+std::int64_t storedId(ToolProcess& process, std::optional<std::int64_t> before) {
     const ClientCard& card = process.window.card;
     if (!process.session.newClientPending)
         return roundToInt32(numberOfDecimalText(card.id.text.get()));
+    if (!before)
+        throw Failure("what was stored cannot be told from what was there");
     return clientDatabase(process.session)
-        .query("select id from klienti where id > ? order by id", {before})
+        .query("select id from klienti where id > ? order by id", {*before})
         .number("id");
 }
 
 // The stored row: as the list shows it, and every column by its name. Null when there is none.
-ordered_json storedRow(ToolProcess& process, std::int64_t before) {
+ordered_json storedRow(ToolProcess& process, std::optional<std::int64_t> before) {
     ordered_json answer = nullptr;
     attempt([&] {
         const std::int64_t id = storedId(process, before);
@@ -139,7 +148,7 @@ CommandResult save(const SaveArguments& arguments, const ToolOptions& options) {
     else
         process.selectClient(arguments.client);
     fillCard(process.window.card, arguments.fields);
-    const std::int64_t before = highestId(process.session);
+    const std::optional<std::int64_t> before = highestId(process.session);
     process.window.card.save.click();
     if (arguments.twice)
         process.window.card.save.click();

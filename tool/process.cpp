@@ -63,7 +63,7 @@ bool ToolProcess::start() {
 }
 
 void ToolProcess::selectClient(const std::string& intid) {
-    const auto& rows = window.clients.list.rows();
+    const auto& rows = window.clients.list.unfinishedRows();
     const auto at = std::find_if(rows.begin(), rows.end(), [&](const ListRow& row) {
         return row.subItem(static_cast<std::size_t>(ClientColumn::Intid)) == intid;
     });

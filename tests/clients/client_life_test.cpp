@@ -290,6 +290,8 @@ TEST(ClientLife, GenderAndStatusComeFromWhatIsThere) {
     };
     for (const Case& c : cases) {
         ClientDesk desk(languageGerman);
+        desk.card.gender.index = 1; // of the client before
+        desk.card.maritalStatus.index = 3;
         desk.place.addClient("Adam", "a1");
         desk.place.session.clientDb->execute("update klienti set stav = ?", {std::string(c.stav)});
         desk.place.folder.write("VORNA/data/a1/klient.dat",
@@ -306,6 +308,7 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
     ClientDesk desk;
     desk.place.addClient("Adam", "a1");
     desk.place.addClient("Bára", "a2");
+    desk.place.addClient("Cyril", "c:3");
     for (const char* const client : {"a1", "a2"})
         for (const char* const root : {"VORNA/", "VORNA/backup/20250101-000000-import/"})
             desk.place.folder.write(root + std::string("data/") + client + "/250131143005_P_x.daf",
@@ -336,6 +339,10 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
         EXPECT_EQ(readWholeFile(root / names::clients).find("Adam"), std::string::npos) << root;
         EXPECT_NE(readWholeFile(root / names::clients).find("Bára"), std::string::npos) << root;
     }
+    desk.tab.list.selected = 1;
+    desk.seams.dialogs.answers = {true};
+    deleteClient(desk.context);
+    EXPECT_EQ(readWholeFile(backup / names::clients).find("Cyril"), std::string::npos);
     EXPECT_FALSE(fs::exists(desk.place.session.dataRoot / "HTML/sestava.html"));
     EXPECT_FALSE(fs::exists(desk.place.session.dataRoot / "HTML/graf10.bmp"));
     EXPECT_TRUE(fs::exists(desk.place.session.dataRoot / "HTML/css/text.css"));

@@ -61,5 +61,20 @@ TEST(Session, AClientsFileStaysInTheClientsFolder) {
     }
 }
 
+TEST(MaskedBox, TakesWhatItsMaskHasRoomFor) {
+    Window window("Form1");
+    MaskedBox box(window, "MaskEdBox1", "##.##.####");
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "__.__.____"},           {"12.02.1978", "12.02.1978"}, {"12021978", "12.02.1978"},
+        {"1.2.1980", "1_.2_.1980"},   {"_5.12.1980", "_5.12.1980"}, {"__.__.19_5", "__.__.19_5"},
+        {".1978", "__.19.78__"},      {"x1y", "1_.__.____"},        {"12.02.19789", "12.02.1978"},
+        {"12.3.4.5.6", "12.3_.456_"}, {"#1", "1_.__.____"},         {"____________", "__.__.____"},
+    };
+    for (const auto& [typed, taken] : cases) {
+        box.type(typed);
+        EXPECT_EQ(box.text.get(), taken) << typed;
+    }
+}
+
 } // namespace
 } // namespace vorna
