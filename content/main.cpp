@@ -4,7 +4,10 @@
 // error says what is wrong.
 
 #include "content/installation.h"
+#include "content/proposal_table.h"
+#include "content/reference_builder.h"
 #include "content/sample_client.h"
+#include "core/reference_database.h"
 #include "platform/failure.h"
 
 #include <CLI/CLI.hpp>
@@ -26,6 +29,29 @@ int run(const std::function<void()>& command) {
         std::cerr << "vorna-content: " << failure.what() << '\n';
         return couldNotRun;
     }
+}
+
+struct ProposalPage {
+    vorna::fs::path sources;
+    vorna::fs::path output;
+};
+
+// In English, out of the database of the TCM mode; it is made beside the page and goes again.
+void writeProposals(const ProposalPage& page) {
+    vorna::fs::path file = page.output;
+    file += ".mdb";
+    const auto remove = [&] {
+        std::error_code error;
+        vorna::fs::remove(file, error);
+    };
+    remove();
+    vorna::makeReferenceDatabase({.tables = page.sources / "tables", .mode = "tcm"}, file);
+    {
+        vorna::Database reference(file, vorna::referencePassword);
+        vorna::nastavJazyk(reference, vorna::languageEnglish);
+        vorna::writeFileAtomically(page.output, vorna::proposalTable(reference));
+    }
+    remove();
 }
 
 } // namespace
@@ -51,6 +77,11 @@ int main(int argumentCount, char** arguments) {
     add->add_option("--data-root", sample.dataRoot, "the data root, with its client database")
         ->required();
 
+    ProposalPage proposals;
+    CLI::App* const page = app.add_subcommand("proposals", "write the page of all proposals");
+    page->add_option("--sources", proposals.sources, "the folder of the sources")->required();
+    page->add_option("--output", proposals.output, "the page, in Markdown")->required();
+
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::CallForHelp& help) {
@@ -62,6 +93,8 @@ int main(int argumentCount, char** arguments) {
     return run([&] {
         if (lay->parsed())
             vorna::layInstallation(installation);
+        else if (page->parsed())
+            writeProposals(proposals);
         else
             vorna::addSampleClient(sample);
     });

@@ -2,6 +2,7 @@
 #include "acquisition/measurement_name.h"
 #include "acquisition/measurement_record.h"
 #include "content/installation.h"
+#include "content/proposal_table.h"
 #include "content/sample_client.h"
 #include "content/table_source.h"
 #include "core/file_names.h"
@@ -54,6 +55,18 @@ TEST_F(Installation, LaidAgainGivesTheSameBytes) {
     layInstallation({.sources = sources(), .into = other.path()});
     for (const std::string& name : listFiles(folder(), "*.mdb"))
         EXPECT_TRUE(readWholeFile(folder() / name) == readWholeFile(other.path() / name)) << name;
+}
+
+TEST_F(Installation, ThePageOfProposalsIsTheContents) {
+    const ScratchFolder copy;
+    fs::copy_file(folder() / names::referenceTcm, copy / "reference.mdb");
+    Database reference(copy / "reference.mdb", referencePassword);
+    nastavJazyk(reference, languageEnglish);
+    const std::string page = proposalTable(reference);
+    EXPECT_EQ(page, readWholeFile(fs::path(VORNA_TEST_SOURCE) / "docs" / "proposals.md"))
+        << "vorna-content proposals writes it anew";
+    // The lung below the level: its mother is the earth.
+    EXPECT_NE(page.find("| Lung Meridian | LU 9 | SP 3 | LU 9 |"), std::string::npos);
 }
 
 TEST_F(Installation, ReferenceDatabasesAskForThePassword) {

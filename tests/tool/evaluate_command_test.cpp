@@ -99,5 +99,28 @@ TEST_F(EvaluateCommandTest, TakesAMeasurementThatIsGone) {
     EXPECT_TRUE(fs::exists(dataRoot / names::data / client / gone));
 }
 
+TEST_F(EvaluateCommandTest, RecommendShowsTheProposalsOfOneRow) {
+    const auto recommend = [&](const char* row) {
+        return std::vector<std::string>{
+            "recommend", "--client", client, "--measurement", addMeasurement("P"), "--button",
+            "2",         "--row",    row};
+    };
+    const ordered_json shown = answer(recommend("2")); // the lungs below the level
+    EXPECT_EQ(shown.at("title"), "t34 problem 2");
+    ASSERT_GE(shown.at("rows").size(), 2U);
+    EXPECT_EQ(shown.at("rows").at(0).at("tag"), "01090");
+    EXPECT_EQ(shown.at("rows").at(0).at("sub").at(0), "LU 09 t42");
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : shown.at("display").items())
+        keys.push_back(key);
+    EXPECT_EQ(keys, (std::vector<std::string>{"SkinLabel1", "SkinLabel2", "SkinLabel3", "Label1",
+                                              "Label2", "Label3", "Image1", "Image2"}));
+    EXPECT_EQ(shown.at("display").at("SkinLabel2"), "09 t42");
+    EXPECT_EQ(shown.at("display").at("Label3"), "太渊");
+    const ToolOutcome outcome = run(recommend("99"));
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_NE(outcome.err.find("--row"), std::string::npos);
+}
+
 } // namespace
 } // namespace vorna

@@ -11,7 +11,7 @@ class UsageTest : public ToolTest {};
 
 const char* const commands[] = {"session",       "configure",    "clients",  "client-save",
                                 "client-delete", "measurements", "read-daf", "write-daf",
-                                "evaluate",      "draw",         "check"};
+                                "evaluate",      "recommend",    "draw",     "check"};
 
 bool isOneLine(const std::string& text) {
     return text.starts_with("vorna-tool: ") && text.find('\n') == text.size() - 1;
