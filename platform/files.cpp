@@ -212,8 +212,11 @@ std::vector<std::string> listFiles(const fs::path& folder, std::string_view patt
 }
 
 std::string findFirst(const fs::path& folder, std::string_view pattern) {
-    const std::vector<std::string> names = listFiles(folder, pattern);
-    return names.empty() ? std::string{} : names.front();
+    std::error_code error;
+    for (std::string& name : listFiles(folder, pattern))
+        if (!fs::is_directory(folder / name, error))
+            return std::move(name);
+    return {};
 }
 
 bool matchesPattern(std::string_view name, std::string_view pattern) {

@@ -57,7 +57,8 @@ void removeTree(const fs::path& path);
 // cannot be read.
 std::vector<std::string> listFiles(const fs::path& folder, std::string_view pattern);
 
-// The first name that matches, in the order of listFiles; empty when there is none.
+// The first file that matches, in the order of listFiles; empty when there is none. Folders do not
+// count.
 std::string findFirst(const fs::path& folder, std::string_view pattern);
 
 // True when the whole name matches the pattern, without regard to case.

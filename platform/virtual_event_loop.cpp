@@ -6,6 +6,14 @@
 
 namespace vorna {
 
+void VirtualEventLoop::setPace(double speed, std::function<void(RealTime until)> pause) {
+    speed_ = speed;
+    pause_ =
+        pause ? std::move(pause) : [](RealTime until) { std::this_thread::sleep_until(until); };
+    realStart_ = std::chrono::steady_clock::now();
+    start_ = clock_.now();
+}
+
 int VirtualEventLoop::startTimer(Milliseconds interval, Handler handler) {
     // A timer of zero would never let the time go on.
     interval = std::max(interval, Milliseconds{1});
@@ -51,7 +59,8 @@ void VirtualEventLoop::moveClock(LocalTime time) {
     if (time <= clock_.now())
         return;
     if (speed_ > 0)
-        std::this_thread::sleep_for((time - clock_.now()) / speed_);
+        pause_(realStart_ +
+               std::chrono::duration_cast<RealTime::duration>((time - start_) / speed_));
     clock_.moveTo(time);
 }
 

@@ -1,5 +1,5 @@
 // The event loop of tests and of the headless tool: time stands still but for waits, and a wait
-// jumps from timer to timer. Nothing blocks for real unless a speed is set.
+// jumps from timer to timer. Nothing blocks for real unless a pace is set.
 #pragma once
 
 #include "platform/clock.h"
@@ -14,8 +14,12 @@ public:
     // The clock moves with the loop and must outlive it.
     explicit VirtualEventLoop(VirtualClock& clock) : clock_(clock) {}
 
-    // Lets time pass for real, `speed` times as fast; 0 (as made) jumps.
-    void setSpeed(double speed) { speed_ = speed; }
+    using RealTime = std::chrono::steady_clock::time_point;
+
+    // Lets time pass for real from now on, `speed` times as fast; 0 (as made) jumps. Late steps are
+    // caught up. `pause` passes the time until a moment, at once when it is over, and may let
+    // something come in meanwhile; without one the thread sleeps.
+    void setPace(double speed, std::function<void(RealTime until)> pause = {});
 
     int startTimer(Milliseconds interval, Handler handler) override;
     void stopTimer(int number) override;
@@ -39,6 +43,9 @@ private:
 
     VirtualClock& clock_;
     double speed_ = 0;
+    std::function<void(RealTime)> pause_;
+    RealTime realStart_;
+    LocalTime start_;
     std::map<int, Entry> timers_;
     int lastNumber_ = 0;
 };
