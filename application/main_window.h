@@ -2,6 +2,8 @@
 // all other windows are opened, its tabs, and the saves of its settings tab.
 #pragma once
 
+#include "acquisition/free_measurement.h"
+#include "acquisition/probe_search.h"
 #include "clients/client_operations.h"
 #include "clients/knowledge_library.h"
 #include "core/main_tabs.h"
@@ -32,12 +34,16 @@ struct MainWindow final : Window {
     Picture apmBadge{*this, "Image1"};
     Picture tcmBadge{*this, "Image2"};
     ControlArray<Picture> flags{*this, "Image7", {0, 1, 2, 3}};
+    Picture activity{*this, "Image9"}; // blinks while something is measured
 
     ClientListTab clients{*this};
     ClientCard card{*this};
 
     // Measurements
     MeasurementTab measurements{*this};
+    Button measureSource{*this, "Command23"};
+    Button measureTerminal{*this, "Command18"};
+    Button measureBiorhythm{*this, "Command25"};
     Button measureEnergy{*this, "Command45"}; // in TCM mode only
     ControlArray<Button> chartButtons{*this, "tlac", {0, 1, 2, 3, 4, 5, 6}};
     ControlArray<Label> chartLabels{*this, "SkinLabel20", {0, 1, 2, 3, 4, 5, 6}};
@@ -58,6 +64,8 @@ struct MainWindow final : Window {
     Button anamnesisTemplate{*this, "Command14"};
     Button recommendationTemplate{*this, "Command32"};
     Button deleteAllData{*this, "Command47"};
+    ProbeSettings probe{*this};
+    FreeMeasurementTab freeMeasurement{*this};
 
     WindowPlace place;
     // The language button that was clicked in this session, from 0; -1 when none was.

@@ -135,31 +135,71 @@ void checkWords(const Reference& reference) {
         reference.fault(points.text("n") + " points, 361 are wanted");
 }
 
+// The translated columns of the sister tables; each text of the first language must stand in every
+// other.
+struct Translation {
+    std::string_view plain;
+    std::string_view sister;
+    std::vector<std::string_view> keys;
+    std::vector<std::string_view> texts;
+};
+
+const std::vector<Translation>& translations() {
+    static const std::vector<Translation> tables{
+        {"Meridians",
+         "_Meridians",
+         {"j-meridian"},
+         {"j-meridianName", "j-shortName", "j-descr-short", "j-description"}},
+        {"Elements", "_elements", {"j-id"}, {"j-elementname"}},
+        {"EnergyTypes", "_EnergyTypes", {"j-id"}, {"j-energy"}},
+        {"GrafyTypy", "_GrafyTypy", {"j-id", "j-sloupec"}, {"j-nazevGrafu", "j-nazevSloupce"}},
+        {"Points", "_Points", {"j-pointLong"}, {"j-descr"}},
+        {"PointTypes", "_pointTypes", {"j-id"}, {"j-type"}},
+        {"ProblemTypes", "_ProblemTypes", {"j-problem"}, {"j-descr"}},
+        {"Skelet", "_skelet", {"j-ID"}, {"j-hodnota"}},
+        {"Therapy_APM", "_Therapy_APM", {"j-graf", "j-column"}, {"j-text"}},
+        {"Therapy_e", "_Therapy_e", {"j-therapy"}, {"j-therapyText"}},
+        {"Therapy_m", "_Therapy_m", {"j-therapy"}, {"j-therapytext", "j-adtherapytext"}}};
+    return tables;
+}
+
+// How many texts stand in the first language and not in this one.
+std::int64_t missingTexts(Database& database, const Translation& table, std::int16_t language) {
+    std::string same;
+    for (const std::string_view key : table.keys)
+        same += " and f.\"" + std::string(key) + "\" = s.\"" + std::string(key) + "\"";
+    std::int64_t missing = 0;
+    for (const std::string_view text : table.texts) {
+        const std::string column = "\"" + std::string(text) + "\"";
+        missing +=
+            database
+                .query("select count(*) as n from " + std::string(table.sister) + " f left join " +
+                           std::string(table.sister) + " s on s.jazyk = ?" + same +
+                           " where f.jazyk = 1 and coalesce(f." + column +
+                           ", '') <> '' and coalesce(s." + column + ", '') = ''",
+                       {std::int64_t{language}})
+                .number("n");
+    }
+    return missing;
+}
+
 // A row without a text in a language would show the language of the start before.
 void checkTranslations(const Reference& reference, std::int16_t language) {
-    constexpr std::array<std::pair<std::string_view, std::string_view>, 10> tables{
-        {{"Meridians", "_Meridians"},
-         {"Elements", "_elements"},
-         {"EnergyTypes", "_EnergyTypes"},
-         {"GrafyTypy", "_GrafyTypy"},
-         {"PointTypes", "_pointTypes"},
-         {"ProblemTypes", "_ProblemTypes"},
-         {"Skelet", "_skelet"},
-         {"Therapy_APM", "_Therapy_APM"},
-         {"Therapy_e", "_Therapy_e"},
-         {"Therapy_m", "_Therapy_m"}}};
     Database& database = referenceDatabase(reference.session);
-    for (const auto& [plain, sister] : tables) {
-        const std::string name(plain);
+    for (const Translation& table : translations()) {
+        const std::string name(table.plain);
         const std::int64_t rows = database.query("select count(*) as n from " + name).number("n");
         const std::int64_t translated =
             database
-                .query("select count(*) as n from " + std::string(sister) + " where jazyk = ?",
+                .query("select count(*) as n from " + std::string(table.sister) +
+                           " where jazyk = ?",
                        {std::int64_t{language}})
                 .number("n");
         if (rows != translated)
             reference.fault(name + ": " + std::to_string(translated) + " of " +
                             std::to_string(rows) + " rows have a text");
+        if (const std::int64_t missing = missingTexts(database, table, language); missing > 0)
+            reference.fault(name + ": " + std::to_string(missing) + " texts are missing or empty");
     }
 }
 
@@ -175,6 +215,12 @@ StoredValues valuesThatCallFor(int problem, std::size_t slot, std::int16_t koef)
     return values;
 }
 
+bool areWhole(const Proposals& proposals) {
+    return std::none_of(proposals.begin(), proposals.end(), [](const ListRow& row) {
+        return row.text.empty() || row.subItem(pointLabelColumn).empty() || row.tag.empty();
+    });
+}
+
 void checkEnergyProposals(const Reference& reference, EvaluationContext& context, int code) {
     std::string meridian = (code < 10 ? "0" : "") + std::to_string(code);
     const std::size_t left = slotOfText(vratCisloUlozeni(context.session, meridian, setP));
@@ -183,10 +229,15 @@ void checkEnergyProposals(const Reference& reference, EvaluationContext& context
             context.state.CurrentRecord.values =
                 valuesThatCallFor(problem, slot, context.session.koef);
             Proposals proposals;
-            therapyEnergy(context, static_cast<std::int16_t>(problem), meridian, proposals);
+            attempt([&] {
+                therapyEnergy(context, static_cast<std::int16_t>(problem), meridian, proposals);
+            });
+            const std::string here =
+                " proposal for problem " + std::to_string(problem) + " of meridian " + meridian;
             if (proposals.empty())
-                reference.fault("no energy proposal for problem " + std::to_string(problem) +
-                                " of meridian " + meridian);
+                reference.fault("no energy" + here);
+            if (!areWhole(proposals))
+                reference.fault("an energy" + here + " has no text or point");
         }
     }
 }
@@ -200,7 +251,7 @@ void checkMeridianProposals(const Reference& reference, EvaluationContext& conte
                 therapyMeridian(context, static_cast<std::int16_t>(problem),
                                 static_cast<std::int16_t>(slot), proposals);
             });
-            if (!whole || proposals.empty())
+            if (!whole || proposals.empty() || !areWhole(proposals))
                 reference.fault("the proposals for problem " + std::to_string(problem) +
                                 " of slot " + std::to_string(slot) + " in set " +
                                 std::to_string(sada) + " end at a point that is not there");

@@ -56,16 +56,17 @@ Rule energyRule(Database& reference, const Recordset& row, std::int64_t problem)
         };
     else
         rule.points = [&reference, therapy](const std::string& meridian) {
-            return joined(reference.query("select m.shortName, p.pointLong from QTherapy_e q"
-                                          " join Meridians m on m.Element = q.kde"
-                                          " and m.Energy = q.Energy"
-                                          " join Points p on p.Meridian = m.meridian"
-                                          " and p.Povel = q.povelBodu"
-                                          " where q.therapy = ? and q.lecenaDraha = ?"
-                                          " and (q.kdeP <> 0 or m.meridian = q.lecenaDraha)"
-                                          " order by p.pointLong",
-                                          {therapy, meridian}),
-                          "shortName", "pointLong");
+            return joined(
+                reference.query("select m.shortName, p.pointLong from QTherapy_e q"
+                                " join Meridians m on m.Element = q.kde"
+                                " and m.Energy = q.Energy"
+                                " join Points p on p.Meridian = m.meridian"
+                                " and p.Povel = q.povelBodu"
+                                " where q.therapy = ? and q.lecenaDraha = ?"
+                                " and (coalesce(q.kdeP, 1) <> 0 or m.meridian = q.lecenaDraha)"
+                                " order by p.pointLong",
+                                {therapy, meridian}),
+                "shortName", "pointLong");
         };
     return rule;
 }

@@ -4,12 +4,16 @@
 #include "core/file_names.h"
 #include "core/settings_file.h"
 #include "demo/overview_page.h"
+#include "demo/probe_process.h"
 #include "evaluation/balance_window.h"
 #include "evaluation/chart_window.h"
 #include "evaluation/element_window.h"
 #include "evaluation/quadrant_window.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "recommendation/proposal.h"
+#include "recommendation/recommendation_window.h"
+#include "tool/guided_measurement.h"
 #include "tool/process.h"
 
 #include <ostream>
@@ -31,6 +35,11 @@ public:
     void visit(Window& window) {
         if (auto* const chart = dynamic_cast<ChartWindow*>(&window)) {
             note(*chart, chart->caption(), problemLines(*chart));
+            chart->problems.selected = 0; // the proposals for the first problem
+            if (chart->problems.selectedRow() != nullptr)
+                call(chart->problems.doubleClicked);
+        } else if (auto* const solution = dynamic_cast<RecommendationWindow*>(&window)) {
+            noteProposals(*solution);
         } else if (auto* const balance = dynamic_cast<BalanceWindow*>(&window)) {
             note(*balance, balance->caption(), balanceLines(*balance));
         } else if (auto* const element = dynamic_cast<ElementWindow*>(&window)) {
@@ -61,6 +70,13 @@ private:
         return {window.energyHeading.caption.get() + " " + window.energyLevel.text.get(),
                 window.balanceHeading.caption.get() + " " + window.balancePercent.text.get(),
                 window.leftRight.caption, window.handsFeet.caption, window.yinYang.caption};
+    }
+
+    void noteProposals(const RecommendationWindow& window) {
+        std::vector<std::string>& lines = evaluations.back().lines;
+        lines.push_back(window.caption());
+        for (const ListRow& row : window.points.rows())
+            lines.push_back(std::string(row.subItem(pointLabelColumn)) + ": " + row.text);
     }
 
     void note(Window& window, const std::string& title, std::vector<std::string> lines) {
@@ -152,6 +168,22 @@ private:
     ToolProcess process_;
 };
 
+// A guided run of the sample client on the simulated probe, with a clock of fifty times the speed.
+void measureOnProbe(const DemonstrationOptions& options, std::ostream& out) {
+    constexpr double speed = 50;
+    const OffscreenQt qt;
+    const ProbeProcess probe(options.installation / "vorna-probe", speed);
+    ToolProcess process(toolOptions(options));
+    process.start();
+    selectClientRow(process.window, 0);
+    out << "A guided measurement of 24 points on the simulated probe:" << std::flush;
+    const std::string file = measureGuided(
+        process, {.kind = "P", .port = probe.port(), .speed = speed, .pointsChanged = [&](int) {
+                      out << " ." << std::flush;
+                  }});
+    out << "\n  " << file << '\n';
+}
+
 void writeSetting(const DemonstrationOptions& options, std::string_view key,
                   std::string_view value) {
     WriteIniValue(dataRoot(options) / names::setup, "Global", key, value);
@@ -165,6 +197,8 @@ std::filesystem::path runDemonstration(const DemonstrationOptions& options, std:
     copyFolderInto(options.installation, options.result);
     ToolProcess(toolOptions(options)).start(); // makes the data root
     addSampleClient({.sources = options.sources, .dataRoot = dataRoot(options)});
+
+    measureOnProbe(options, out);
 
     std::vector<ShownMeasurement> measurements;
     std::string client;

@@ -1,5 +1,6 @@
-// The demonstration: the whole road from a stored measurement to its charts, run on the sample
-// client in a data root of its own, with one overview page of the results.
+// The demonstration: the whole road from a guided measurement on the simulated probe to charts and
+// proposals, run on the sample client in a data root of its own, with one overview page of the
+// results.
 #pragma once
 
 #include <filesystem>
@@ -15,7 +16,8 @@ struct DemonstrationOptions {
     std::string locale;                 // empty: the user's own
 };
 
-// Lists the sample client's measurements, draws all charts of each and writes the overview page.
+// Measures the sample client, lists all measurements, draws the charts of each with what they
+// propose and writes the overview page.
 // Returns the page. What happens goes to `out`, a line for each measurement. Failure when the
 // installation or the sample is not there.
 std::filesystem::path runDemonstration(const DemonstrationOptions& options, std::ostream& out);

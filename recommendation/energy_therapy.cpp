@@ -6,6 +6,8 @@
 #include "evaluation/scoring.h"
 #include "platform/text.h"
 
+#include <optional>
+
 namespace vorna {
 namespace {
 
@@ -31,7 +33,8 @@ Recordset queryPoints(Database& database, std::int16_t problem, const std::strin
         " and QTherapy_e.povelBodu = Points.Povel"
         " where QTherapy_e.Problem = ? and QTherapy_e.lecenaDraha = ?"
         " and Meridians.Energy = QTherapy_e.Energy"
-        " and not (QTherapy_e.kdeP = 0 and QTherapy_e.lecenaDraha <> Meridians.meridian)"
+        " and not (coalesce(QTherapy_e.kdeP, 1) = 0"
+        " and QTherapy_e.lecenaDraha <> Meridians.meridian)"
         " order by QTherapy_e.therapy, Meridians.meridian, Points.pointLong",
         {std::int64_t{problem}, quotedText(lecenaDraha)});
 }
@@ -76,9 +79,8 @@ std::vector<TreatedSide> sidesToTreat(EvaluationContext& context, std::int16_t p
     return sides;
 }
 
-ListRow proposalOf(const Session& session, const Recordset& point, const std::string& text,
-                   TreatedSide side) {
-    ListRow row{.text = text};
+// What stands behind the text; a step that fails leaves its column empty.
+void fillRow(ListRow& row, const Recordset& point, TreatedSide side, const Session& session) {
     attempt([&] {
         const std::string lecbod = point.text("lecBod");
         row.setSubItem(pointLabelColumn, point.text("shortName") +
@@ -89,7 +91,6 @@ ListRow proposalOf(const Session& session, const Recordset& point, const std::st
     attempt([&] { row.setSubItem(proposalMeridianColumn, point.text("meridian")); });
     attempt([&] { row.setSubItem(meridianNameColumn, point.text("MeridianName")); });
     attempt([&] { row.tag = point.text("lecBod") + sideDigit(side); });
-    return row;
 }
 
 } // namespace
@@ -98,26 +99,26 @@ void therapyEnergy(EvaluationContext& context, std::int16_t problem, std::string
                    Proposals& proposals) {
     Session& session = context.session;
     static_cast<void>(numberOfDecimalText(lecenaDraha));
-    std::string sidesDifferText;
-    if (problem == sidesDiffer)
-        sidesDifferText = orEmpty([&] {
-            return referenceDatabase(session)
-                .query("select * from therapy_e where problem = ? order by therapy",
-                       {std::int64_t{problem}})
-                .text("therapytext");
-        });
+    std::optional<Recordset> sidesDifferText; // one text for all rows
+    if (problem == sidesDiffer) {
+        sidesDifferText.emplace(
+            referenceDatabase(session).query("select * from therapy_e where problem = ?"
+                                             " order by therapy",
+                                             {std::int64_t{problem}}));
+        sidesDifferText->requireRow();
+    }
     if (characters(lecenaDraha, 2, 1).empty())
         lecenaDraha = "0" + lecenaDraha;
     attempt([&] {
         const std::vector<TreatedSide> sides = sidesToTreat(context, problem, lecenaDraha);
         Recordset points = queryPoints(referenceDatabase(session), problem, lecenaDraha);
-        for (; !points.atEnd(); points.moveNext()) {
-            const std::string text = problem == sidesDiffer
-                                         ? sidesDifferText
-                                         : orEmpty([&] { return points.text("therapyText"); });
+        for (; !points.atEnd(); points.moveNext())
             for (const TreatedSide side : sides)
-                proposals.push_back(proposalOf(session, points, text, side));
-        }
+                attempt([&] { // a proposal without a text is none
+                    const Recordset& texts = sidesDifferText ? *sidesDifferText : points;
+                    proposals.push_back({.text = texts.text("therapyText")});
+                    fillRow(proposals.back(), points, side, session);
+                });
     });
 }
 

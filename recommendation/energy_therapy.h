@@ -14,8 +14,9 @@ namespace vorna {
 // Appends the proposals for problem 1, 2 or 3 (another number has none) on the pathway of the code
 // `lecenaDraha`, which is widened to two characters. Rows come by rule, pathway and point, the
 // left side before the right. Bounds are strict: a value at `odchylka` from the level is none.
-// Failure for a code that is no number. All else that fails is passed over: without a slot of the
-// pathway, or with a koef of 0, nothing can be compared and no row is made.
+// Failure for a code that is no number, and when problem 1 has no text. All else that fails is
+// passed over: without a slot of the pathway, or with a koef of 0, nothing can be compared and no
+// row is made.
 void therapyEnergy(EvaluationContext& context, std::int16_t problem, std::string& lecenaDraha,
                    Proposals& proposals);
 

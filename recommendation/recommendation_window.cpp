@@ -79,6 +79,11 @@ void RecommendationWindow::displayRow() {
     labelFirstHalf.caption = whole ? label : label.substr(0, blank + 1);
     labelSecondHalf.caption = whole ? std::string{} : label.substr(blank + 1);
     meridianName.caption = subItem(*row, meridianNameColumn);
+    // Of a row without a point nothing is shown, and not what the row before showed.
+    china.caption = "";
+    description.caption = "";
+    if (row->tag.empty())
+        return;
     attempt([&] { china.caption = vratChina(context_.session, row->tag); });
     frontPicture.path = findPicture(row->tag + "F*");
     attempt([&] { description.caption = vratDescr(context_.session, row->tag); });

@@ -45,6 +45,7 @@ CommandBody declareClients(CLI::App& subcommand);
 CommandBody declareClientSave(CLI::App& subcommand);
 CommandBody declareClientDelete(CLI::App& subcommand);
 CommandBody declareMeasurements(CLI::App& subcommand);
+CommandBody declareMeasure(CLI::App& subcommand);
 CommandBody declareReadDaf(CLI::App& subcommand);
 CommandBody declareWriteDaf(CLI::App& subcommand);
 CommandBody declareEvaluate(CLI::App& subcommand);

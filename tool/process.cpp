@@ -47,7 +47,8 @@ ToolProcess::ToolProcess(const ToolOptions& options)
               .recommend = {}},
       folders_{options.appFolder.empty() ? executableFolder() : options.appFolder,
                options.commonData.empty() ? commonDataFolder() : options.commonData} {
-    loop.setSpeed(options.speed);
+    if (options.speed > 0)
+        loop.setPace(options.speed);
     bindMainWindow(window, context, [this] { ended = true; });
 }
 

@@ -14,6 +14,8 @@ struct Arguments {
     int row = 0;
 };
 
+constexpr int highestRow = 999;
+
 std::string fileName(const Picture& picture) {
     return fs::path(picture.path.get()).filename().string();
 }
@@ -40,8 +42,10 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
     process.selectClient(arguments.client);
     process.selectMeasurement(arguments.measurement);
     ordered_json shown;
+    bool chartOpened = false;
     process.windows.visit = [&](Window& window) {
         if (auto* const chart = dynamic_cast<ChartWindow*>(&window)) {
+            chartOpened = true;
             if (static_cast<std::size_t>(arguments.row) >= chart->problems.size())
                 return;
             chart->problems.selected = arguments.row;
@@ -51,6 +55,8 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
         }
     };
     process.window.chartButtons.at(arguments.button)->click();
+    if (!chartOpened)
+        throw CannotRun("--button: the press opens no window with a problem list");
     if (shown.is_null())
         throw CannotRun("--row: the problem list has no row " + std::to_string(arguments.row));
     ordered_json answer{{"messages", messagesOf(process)}};
@@ -70,7 +76,7 @@ CommandBody declareRecommend(CLI::App& subcommand) {
         ->check(CLI::Range(0, chartButtonCount - 1));
     subcommand.add_option("--row", arguments->row, "the problem row, from 0")
         ->required()
-        ->check(CLI::NonNegativeNumber);
+        ->check(CLI::Range(0, highestRow));
     return [arguments](const ToolOptions& options) { return run(*arguments, options); };
 }
 

@@ -25,6 +25,7 @@ constexpr std::array commands{
     CommandEntry{"measurements", "a client's measurement list", &declareMeasurements},
     CommandEntry{"read-daf", "one measurement file as label and values", &declareReadDaf},
     CommandEntry{"write-daf", "writes one measurement file", &declareWriteDaf},
+    CommandEntry{"measure", "a guided run on a real serial line, then its save", &declareMeasure},
     CommandEntry{"evaluate", "a press of a chart button", &declareEvaluate},
     CommandEntry{"recommend", "the recommended solution for one problem row", &declareRecommend},
     CommandEntry{"draw", "draws one chart document", &declareDraw},

@@ -4,7 +4,9 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <array>
+#include <thread>
 
 namespace vorna {
 namespace {
@@ -52,22 +54,41 @@ std::string RecordingDialogs::nextAnswer() {
     return answers_[next];
 }
 
-// The application object that fonts and pictures need, and the drawing over it.
-struct OffscreenDrawing::Qt {
+struct OffscreenQt::Application {
     int argumentCount = 1;
     std::array<char, 11> name{"vorna-tool"};
     std::array<char*, 2> arguments{name.data(), nullptr};
     std::unique_ptr<QGuiApplication> application;
-    QtChartDrawing drawing;
+};
 
-    Qt() {
-        if (QCoreApplication::instance() != nullptr)
+OffscreenQt::OffscreenQt() : application_(std::make_unique<Application>()) {
+    if (QCoreApplication::instance() != nullptr)
+        return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Standard error belongs to the tool's own lines.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    application_->application = std::make_unique<QGuiApplication>(application_->argumentCount,
+                                                                  application_->arguments.data());
+}
+
+OffscreenQt::~OffscreenQt() = default;
+
+void OffscreenQt::letEventsInUntil(std::chrono::steady_clock::time_point until) {
+    using namespace std::chrono_literals;
+    constexpr std::chrono::steady_clock::duration step = 1ms;
+    for (;;) {
+        QCoreApplication::processEvents();
+        const auto rest = until - std::chrono::steady_clock::now();
+        if (rest <= 0ms)
             return;
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        // Standard error belongs to the tool's one line.
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-        application = std::make_unique<QGuiApplication>(argumentCount, arguments.data());
+        std::this_thread::sleep_for(std::min(rest, step));
     }
+}
+
+// The drawing over the application object that fonts and pictures need.
+struct OffscreenDrawing::Qt {
+    OffscreenQt application;
+    QtChartDrawing drawing;
 };
 
 OffscreenDrawing::OffscreenDrawing() = default;

@@ -7,6 +7,7 @@
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -64,6 +65,22 @@ public:
 class SilentSound final : public Sound {
 public:
     void play(const std::filesystem::path&, bool) override {}
+};
+
+// What Qt needs in a process without a display: the application object, unless there is one.
+class OffscreenQt {
+public:
+    OffscreenQt();
+    OffscreenQt(const OffscreenQt&) = delete;
+    OffscreenQt& operator=(const OffscreenQt&) = delete;
+    ~OffscreenQt();
+
+    // Lets in what comes from outside (a serial port) until a moment, and at least once.
+    static void letEventsInUntil(std::chrono::steady_clock::time_point until);
+
+private:
+    struct Application;
+    std::unique_ptr<Application> application_;
 };
 
 // Draws as the desktop does, without a display. What it needs of Qt is made at the first drawing.

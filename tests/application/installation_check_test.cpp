@@ -82,6 +82,7 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
         update poradigrafy set cisloulozeni = 10 where sada = 1 and graf = 18 and sl24 = 2;
         update _Therapy_APM set "j-text" = '' where "j-graf" = 6 and "j-column" = 3 and jazyk = 2;
         delete from GrafyTypy where id = 14;
+        update _Therapy_m set "j-therapytext" = '' where jazyk = 3 and "j-therapy" = 12;
         delete from SpecPoints where pkMeridian = '01' and PointType = 8;
         update Points set Povel = 0 where pointLong in ('0105', '0810'))");
     writeFileAtomically(app / names::referenceApm, "no database");
@@ -102,6 +103,7 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
         "vorna-tcm.mdb, language 3: chart name 14 is missing or empty",
         "vorna-tcm.mdb, language 1: the proposals for problem 2 of slot 5 in set 1 end at a point "
         "that is not there",
+        "vorna-tcm.mdb, language 3: Therapy_m: 1 texts are missing or empty",
         "vorna-tcm.mdb, language 4: no energy proposal for problem 3 of meridian 01",
         "vorna-apm.mdb does not open",
     };

@@ -133,7 +133,7 @@ TEST_F(Installation, LanguageSwitchLeavesNoTextOut) {
         EXPECT_EQ(count(database, "Therapy_e where therapyText is null"), 0);
         EXPECT_EQ(count(database, "Therapy_m where therapyText is null"), 0);
         for (const char* sister :
-             {"_Meridians", "_elements", "_EnergyTypes", "_GrafyTypy", "_pointTypes",
+             {"_Meridians", "_elements", "_EnergyTypes", "_GrafyTypy", "_Points", "_pointTypes",
               "_ProblemTypes", "_skelet", "_Therapy_APM", "_Therapy_e", "_Therapy_m"})
             EXPECT_EQ(count(database, std::string(sister) +
                                           " where jazyk = " + std::to_string(words.language)),

@@ -1,4 +1,5 @@
 #include "core/file_names.h"
+#include "recommendation/proposal.h"
 #include "recommendation/recommendation_window.h"
 #include "tests/support/evaluation_fixture.h"
 #include "tests/support/scratch_folder.h"
@@ -53,6 +54,15 @@ TEST(RecommendationWindow, ShowsTheRowThatIsPicked) {
         EXPECT_EQ(window.labelSecondHalf.caption.get(), "37");
         EXPECT_EQ(window.additionalText.caption.get(), "");
         EXPECT_EQ(window.meridianName.caption.get(), meridian) << "of the treated pathway";
+        window.points.change(1, [](ListRow& row) {
+            row.tag = "";
+            row.setSubItem(pointLabelColumn, "GB37");
+        });
+        call(window.points.clicked);
+        EXPECT_EQ(window.labelFirstHalf.caption.get() + "|" + window.labelSecondHalf.caption.get() +
+                      "|" + window.china.caption.get() + "|" + window.description.caption.get(),
+                  "GB37|||")
+            << "nothing of the row before stays";
     });
     recommend(desk, 2, 0, [&](RecommendationWindow& window) {
         EXPECT_EQ(window.caption().substr(0, 4), "t34 ") << "a blank in the element chart alone";

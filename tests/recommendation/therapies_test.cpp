@@ -89,11 +89,18 @@ TEST(EnergyTherapy, StrengthensByTheMotherAndDrainsByTheChild) {
     TherapyDesk desk;
     for (const Case& c : cases)
         EXPECT_EQ(desk.energy(c.problem, c.code, c.values), c.rows) << c.rule;
+    desk.session.referenceDb->executeScript("update Therapy_e set kdeP = null where therapy = 3;"
+                                            "update Therapy_e set therapyText = null where"
+                                            " therapy = 2");
+    EXPECT_EQ(desk.energy(2, "01", {{lungLeft, 60}}), Lines{"SP 03 t42|04|04030"})
+        << "a rule without a text makes no row";
     std::string code = "1";
     Proposals proposals;
     therapyEnergy(desk.context, 1, code, proposals);
     EXPECT_EQ(code, "01") << "the caller sees the widened code";
     EXPECT_THROW(desk.energy(2, "x", {}), Failure);
+    desk.session.referenceDb->executeScript("delete from Therapy_e where problem = 1");
+    EXPECT_THROW(desk.energy(1, "01", {{lungLeft, 80}}), Failure) << "no text for any row";
     desk.session.koef = 0;
     EXPECT_EQ(desk.energy(2, "01", {{lungLeft, 0}}), Lines{}) << "nothing can be compared";
 }

@@ -1,0 +1,49 @@
+#include "acquisition/measurement_record.h"
+#include "tool/command.h"
+#include "tool/guided_measurement.h"
+
+#include <iostream>
+
+namespace vorna {
+namespace {
+
+struct Arguments {
+    std::string client;
+    GuidedMeasurement order;
+};
+
+CommandResult run(const Arguments& arguments, const ToolOptions& options) {
+    const OffscreenQt qt;
+    ToolProcess process(options);
+    process.start();
+    process.selectClient(arguments.client);
+    GuidedMeasurement order = arguments.order;
+    order.speed = options.speed > 0 ? options.speed : 1;
+    order.pointsChanged = [](int points) {
+        if (points > 0)
+            std::cerr << "points measured: " << points << '\n';
+    };
+    const std::string file = measureGuided(process, order);
+    const MeasurementRecord record = readMeasurement(currentClientFile(process.session, file));
+    return {
+        {{"messages", messagesOf(process)},
+         {"file", jsonText(file)},
+         {"values", std::vector<std::int32_t>(record.values.begin() + 1, record.values.end())}}};
+}
+
+} // namespace
+
+CommandBody declareMeasure(CLI::App& subcommand) {
+    const auto arguments = std::make_shared<Arguments>();
+    GuidedMeasurement& order = arguments->order;
+    subcommand.add_option("--client", arguments->client, "the client's intid")->required();
+    subcommand.add_option("--kind", order.kind, "P, T, B or E")
+        ->required()
+        ->check(CLI::IsMember({"P", "T", "B", "E"}));
+    subcommand.add_option("--port", order.port, "the serial port's path")->required();
+    subcommand.add_option("--start-index", order.startIndex, "the first point, from 1")
+        ->check(CLI::Range(1, 24));
+    return [arguments](const ToolOptions& options) { return run(*arguments, options); };
+}
+
+} // namespace vorna
