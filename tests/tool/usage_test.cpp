@@ -11,7 +11,8 @@ class UsageTest : public ToolTest {};
 
 const char* const commands[] = {"session",       "configure",    "clients",  "client-save",
                                 "client-delete", "measurements", "read-daf", "write-daf",
-                                "evaluate",      "recommend",    "draw",     "check"};
+                                "evaluate",      "recommend",    "draw",     "check",
+                                "measure"};
 
 bool isOneLine(const std::string& text) {
     return text.starts_with("vorna-tool: ") && text.find('\n') == text.size() - 1;
@@ -61,6 +62,8 @@ TEST_F(UsageTest, WrongUsageIsToldInOneLineAndTouchesNothing) {
         {{"client-save", "--new", "--set", "pohlavi=x"}, "pohlavi"},
         {{"client-delete"}, "--client"},
         {{"measurements", "--pretty"}, "--client"},
+        {{"measure", "--client", "a1", "--kind", "X", "--port", "/dev/null"}, "--kind"},
+        {{"measure", "--client", "a1", "--kind", "P"}, "--port"},
         {{"evaluate", "--client", "a1", "--button", "0"}, "--measurement"},
         {{"evaluate", "--client", "a1", "--measurement", "x.daf"}, "--button"},
         {{"evaluate", "--client", "a1", "--measurement", "x.daf", "--button", "7"}, "--button"},
