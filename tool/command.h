@@ -53,6 +53,18 @@ CommandBody declareRecommend(CLI::App& subcommand);
 CommandBody declareDraw(CLI::App& subcommand);
 CommandBody declareCheck(CLI::App& subcommand);
 
+// A press of a chart button on one measurement, which several commands begin with.
+struct ChartPress {
+    std::string client;
+    std::string measurement;
+    int button = 0;
+};
+void declareChartPress(CLI::App& subcommand, ChartPress& press);
+// Starts up, selects the measurement and presses; `visit` acts on the windows that open. WrongUsage
+// when the measurement's name is no plain file name.
+void pressChart(const ChartPress& press, ToolProcess& process,
+                const std::function<void(Window&)>& visit);
+
 // A row of the client list: its row id (null in a table that is not the system's own) and its seven
 // columns.
 nlohmann::ordered_json clientRowAnswer(const ListRow& row);

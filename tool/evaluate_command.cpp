@@ -85,22 +85,10 @@ private:
     }
 };
 
-struct Arguments {
-    std::string client;
-    std::string measurement;
-    int button = 0;
-};
-
-CommandResult run(const Arguments& arguments, const ToolOptions& options) {
-    if (isForbiddenFileName(arguments.measurement))
-        throw WrongUsage("--measurement: \"" + arguments.measurement + "\" is no plain file name");
+CommandResult run(const ChartPress& press, const ToolOptions& options) {
     ToolProcess process(options);
-    process.start();
-    process.selectClient(arguments.client);
-    process.selectMeasurement(arguments.measurement);
     Onlooker onlooker;
-    process.windows.visit = [&](Window& window) { onlooker.visit(window); };
-    process.window.chartButtons.at(arguments.button)->click();
+    pressChart(press, process, [&](Window& window) { onlooker.visit(window); });
     return {{{"messages", messagesOf(process)},
              {"window", onlooker.windowName},
              {"title", onlooker.title},
@@ -122,15 +110,30 @@ nlohmann::ordered_json problemRowAnswer(const ListRow& row) {
     return {{"text", jsonText(row.text)}, {"sub", sub}, {"tag", jsonText(row.tag)}};
 }
 
-CommandBody declareEvaluate(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
-    subcommand.add_option("--client", arguments->client, "the client's intid")->required();
-    subcommand.add_option("--measurement", arguments->measurement, "the measurement's file name")
+void declareChartPress(CLI::App& subcommand, ChartPress& press) {
+    subcommand.add_option("--client", press.client, "the client's intid")->required();
+    subcommand.add_option("--measurement", press.measurement, "the measurement's file name")
         ->required();
-    subcommand.add_option("--button", arguments->button, "the chart button, 0 to 6")
+    subcommand.add_option("--button", press.button, "the chart button, 0 to 6")
         ->required()
         ->check(CLI::Range(0, chartButtonCount - 1));
-    return [arguments](const ToolOptions& options) { return run(*arguments, options); };
+}
+
+void pressChart(const ChartPress& press, ToolProcess& process,
+                const std::function<void(Window&)>& visit) {
+    if (isForbiddenFileName(press.measurement))
+        throw WrongUsage("--measurement: \"" + press.measurement + "\" is no plain file name");
+    process.start();
+    process.selectClient(press.client);
+    process.selectMeasurement(press.measurement);
+    process.windows.visit = visit;
+    process.window.chartButtons.at(press.button)->click();
+}
+
+CommandBody declareEvaluate(CLI::App& subcommand) {
+    const auto press = std::make_shared<ChartPress>();
+    declareChartPress(subcommand, *press);
+    return [press](const ToolOptions& options) { return run(*press, options); };
 }
 
 } // namespace vorna

@@ -8,9 +8,7 @@ namespace {
 using nlohmann::ordered_json;
 
 struct Arguments {
-    std::string client;
-    std::string measurement;
-    int button = 0;
+    ChartPress press;
     int row = 0;
 };
 
@@ -35,26 +33,20 @@ ordered_json answerOf(const RecommendationWindow& window) {
 }
 
 CommandResult run(const Arguments& arguments, const ToolOptions& options) {
-    if (isForbiddenFileName(arguments.measurement))
-        throw WrongUsage("--measurement: \"" + arguments.measurement + "\" is no plain file name");
     ToolProcess process(options);
-    process.start();
-    process.selectClient(arguments.client);
-    process.selectMeasurement(arguments.measurement);
     ordered_json shown;
     bool chartOpened = false;
-    process.windows.visit = [&](Window& window) {
+    pressChart(arguments.press, process, [&](Window& window) {
         if (auto* const chart = dynamic_cast<ChartWindow*>(&window)) {
             chartOpened = true;
             if (static_cast<std::size_t>(arguments.row) >= chart->problems.size())
                 return;
             chart->problems.selected = arguments.row;
             call(chart->problems.doubleClicked);
-        } else if (const auto* const window4 = dynamic_cast<const RecommendationWindow*>(&window)) {
-            shown = answerOf(*window4);
+        } else if (const auto* const solution = dynamic_cast<RecommendationWindow*>(&window)) {
+            shown = answerOf(*solution);
         }
-    };
-    process.window.chartButtons.at(arguments.button)->click();
+    });
     if (!chartOpened)
         throw CannotRun("--button: the press opens no window with a problem list");
     if (shown.is_null())
@@ -68,12 +60,7 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
 
 CommandBody declareRecommend(CLI::App& subcommand) {
     const auto arguments = std::make_shared<Arguments>();
-    subcommand.add_option("--client", arguments->client, "the client's intid")->required();
-    subcommand.add_option("--measurement", arguments->measurement, "the measurement's file name")
-        ->required();
-    subcommand.add_option("--button", arguments->button, "the chart button, 0 to 6")
-        ->required()
-        ->check(CLI::Range(0, chartButtonCount - 1));
+    declareChartPress(subcommand, arguments->press);
     subcommand.add_option("--row", arguments->row, "the problem row, from 0")
         ->required()
         ->check(CLI::Range(0, highestRow));
