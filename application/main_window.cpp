@@ -66,6 +66,20 @@ void bindCharts(MainWindow& window, EvaluationContext& context) {
     context.recommend = [&context](ChartWindow& chart) { showRecommendation(context, chart); };
 }
 
+void bindReports(MainWindow& window, EvaluationContext& evaluation) {
+    const auto context = std::make_shared<ReportContext>(ReportContext{
+        .evaluation = evaluation,
+        .measurements = window.measurements,
+        .library = window.library,
+        .panel = window.print,
+        .pressChart = [&window](int button) { window.chartButtons.at(button)->click(); }});
+    window.print.print.clicked = [&window, context] {
+        window.focus(window.print.print); // the list that is active ends a report
+        reportMain(*context);
+    };
+    window.library.printPictures.clicked = [context] { reportPictures(*context); };
+}
+
 void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {
     LibraryTab& tab = window.library;
     const auto context = std::make_shared<LibraryContext>(LibraryContext{
@@ -123,6 +137,7 @@ void bindMainWindow(MainWindow& window, EvaluationContext& context, const EndPro
     bindCard(window, clients);
     bindMeasurements(window, clients);
     bindCharts(window, context);
+    bindReports(window, context);
     bindLibraryTab(window, context);
     bindSettings(window, clients, endProcess);
     window.tabs.tabChanged = [&window, &session = context.session] { changeTab(window, session); };

@@ -10,6 +10,7 @@
 #include "core/session.h"
 #include "core/window.h"
 #include "evaluation/evaluation_driver.h"
+#include "exchange/report.h"
 #include "platform/platform.h"
 
 #include <functional>
@@ -47,7 +48,7 @@ struct MainWindow final : Window {
     Button measureEnergy{*this, "Command45"}; // in TCM mode only
     ControlArray<Button> chartButtons{*this, "tlac", {0, 1, 2, 3, 4, 5, 6}};
     ControlArray<Label> chartLabels{*this, "SkinLabel20", {0, 1, 2, 3, 4, 5, 6}};
-    ControlArray<CheckBox> reportCharts{*this, "Check2", {0, 1, 2, 3, 5, 6}};
+    PrintPanel print{*this};
 
     LibraryTab library{*this};
 

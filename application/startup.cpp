@@ -202,7 +202,7 @@ void nameCharts(const Start& start) {
     for (const auto& label : start.window.chartLabels.members) {
         const int i = label->index();
         attempt([&] { label->caption = vratNazevGrafu(start.session, i + 1); });
-        if (CheckBox* const box = start.window.reportCharts.at(i))
+        if (CheckBox* const box = start.window.print.charts.at(i))
             box->caption = label->caption;
     }
 }

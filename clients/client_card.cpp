@@ -71,6 +71,7 @@ std::string cardValue(const ClientCard& card, std::string_view column) {
 
 std::vector<CardValue> cardValues(const ClientCard& card) {
     std::vector<CardValue> values;
+    values.reserve(boxes.size());
     for (const BoxOfColumn& box : boxes)
         values.push_back({box.column, cardValue(card, box.column)});
     return values;

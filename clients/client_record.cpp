@@ -29,6 +29,7 @@ std::int64_t rowId(std::string_view id) {
 
 std::vector<DatabaseValue> quotedValues(const std::vector<CardValue>& values) {
     std::vector<DatabaseValue> quoted;
+    quoted.reserve(values.size());
     for (const CardValue& value : values)
         quoted.emplace_back(quotedText(value.text));
     return quoted;

@@ -61,8 +61,13 @@ inline constexpr std::string_view measurementPattern = "*.daf";
 inline constexpr std::string_view recommendationPattern = "D*.rtf";
 std::string recommendationOf(std::string_view yymmdd); // D250131.rtf
 
+// In the data root's HTML folder: the two report pages.
+inline constexpr std::string_view reportPage = "sestava.html";
+inline constexpr std::string_view picturePage = "sestavapicture.html";
+
 // In the data root's HTML folder: what reports leave until the next one.
-inline constexpr std::array<std::string_view, 2> reportLeavings{"sestava*.html", "graf*.bmp"};
+inline constexpr std::array<std::string_view, 3> reportLeavings{"sestava*.html", "graf*.bmp",
+                                                                "rtf*-*.*"};
 
 // In the data root's HTML folder: the picture of one chart of a report.
 std::string reportChartPicture(std::string_view reportChartKey);

@@ -40,9 +40,18 @@ void fillBalancePercent(BalanceWindow& window, const StoredValues& values, std::
 
 } // namespace
 
-BalanceWindow::BalanceWindow(EvaluationContext& context) : Window("Form3"), context_(context) {
+BalanceWindow::BalanceWindow(EvaluationContext& context)
+    : Window("Form3"), context_(context), reportPicture_(context, quadrants, [this] {
+          attempt([&] { reportPicture_.save(); });
+          close();
+      }) {
     back.clicked = [this] { close(); };
     applyLanguage(context.session, *this);
+}
+
+void BalanceWindow::close() {
+    reportPicture_.stop();
+    Window::close();
 }
 
 void BalanceWindow::load() {

@@ -4,6 +4,7 @@
 
 #include "core/window.h"
 #include "evaluation/evaluation_state.h"
+#include "evaluation/report_picture.h"
 
 #include <filesystem>
 #include <optional>
@@ -41,11 +42,13 @@ struct BalanceWindow final : Window {
     // Empty until the window was filled.
     std::optional<CrossMarker> marker;
 
-    // Sets the chart type to 7 and draws the quadrant pie.
+    // Sets the chart type to 7 and draws the quadrant pie, which in a report is its picture.
     void load() override;
+    void close() override;
 
 private:
     EvaluationContext& context_;
+    ReportPicture reportPicture_;
 };
 
 // Fills the window from a measurement's file before it shows.

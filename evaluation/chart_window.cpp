@@ -1,11 +1,9 @@
 #include "evaluation/chart_window.h"
 
 #include "clients/picture_window.h"
-#include "core/file_names.h"
 #include "evaluation/balance_window.h"
 #include "evaluation/element_window.h"
 #include "platform/failure.h"
-#include "platform/files.h"
 
 namespace vorna {
 namespace {
@@ -13,9 +11,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto evaluationButtonsPeriod = 100ms;
-constexpr auto reportPictureDelay = 2000ms;
-// The size at which a report shows a chart, logical pixels.
-constexpr PictureSize reportPictureSize{745, 320};
 
 bool isWholeMeasurementChart(int chartType) {
     return chartType == 6 || chartType == 7;
@@ -27,8 +22,10 @@ ChartWindow::ChartWindow(EvaluationContext& context)
     : Window("graffrm"), context_(context),
       evaluationButtons_(context.platform.loop, evaluationButtonsPeriod, Timer::Kind::Repeating,
                          [this] { keepButtonsInStep(); }),
-      reportPicture_(context.platform.loop, reportPictureDelay, Timer::Kind::OneShot,
-                     [this] { onReportPictureDue(); }) {
+      reportPicture_(context, chart, [this] {
+          onSavePicture();
+          close();
+      }) {
     elements.visible = context.state.chartType < 4;
     star.visible = context.state.chartType == 7;
     applyLanguage(context.session, *this);
@@ -52,10 +49,6 @@ ChartWindow::ChartWindow(EvaluationContext& context)
     problems.doubleClicked = [this] {
         if (context_.recommend)
             context_.recommend(*this);
-    };
-    chart.renderComplete = [this] {
-        if (context_.state.ReportChartIndex > 0)
-            reportPicture_.start();
     };
     evaluationButtons_.start();
 }
@@ -103,18 +96,7 @@ void ChartWindow::keepButtonsInStep() {
 }
 
 void ChartWindow::onSavePicture() {
-    attempt([&] {
-        const fs::path file = under(context_.session.dataRoot,
-                                    names::reportChartPicture(context_.state.reportChartKey));
-        context_.platform.drawing.draw(chart.dataXml.get(), chart.chartType, reportPictureSize,
-                                       file);
-        savedPicture.path = pathText(file);
-    });
-}
-
-void ChartWindow::onReportPictureDue() {
-    onSavePicture();
-    close();
+    attempt([&] { savedPicture.path = reportPicture_.save(); });
 }
 
 } // namespace vorna

@@ -5,6 +5,7 @@
 
 #include "core/window.h"
 #include "evaluation/evaluation_state.h"
+#include "evaluation/report_picture.h"
 #include "platform/event_loop.h"
 
 namespace vorna {
@@ -38,11 +39,10 @@ private:
     void showHeadings();
     void keepButtonsInStep();
     void onSavePicture();
-    void onReportPictureDue();
 
     EvaluationContext& context_;
     Timer evaluationButtons_;
-    Timer reportPicture_;
+    ReportPicture reportPicture_;
 };
 
 // The columns of the problem list behind the meridian or element.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -24,6 +25,12 @@ struct TypedOptions {
 Play playOf(const TypedOptions& typed) {
     if (typed.script.empty())
         return makePractitionerSession(*profileOfName(typed.profile), typed.seed).play;
+    constexpr std::uintmax_t largestScript = 16U << 20U; // bytes
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(typed.script, error))
+        throw Failure("the script " + typed.script + " is no file");
+    if (std::filesystem::file_size(typed.script, error) > largestScript)
+        throw Failure("the script " + typed.script + " is larger than 16 MiB");
     std::ifstream file(typed.script, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(file), {}};
     if (!file.is_open() || file.bad())

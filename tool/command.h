@@ -50,6 +50,8 @@ CommandBody declareReadDaf(CLI::App& subcommand);
 CommandBody declareWriteDaf(CLI::App& subcommand);
 CommandBody declareEvaluate(CLI::App& subcommand);
 CommandBody declareRecommend(CLI::App& subcommand);
+CommandBody declareReport(CLI::App& subcommand);
+CommandBody declareRtfToHtml(CLI::App& subcommand);
 CommandBody declareDraw(CLI::App& subcommand);
 CommandBody declareCheck(CLI::App& subcommand);
 

@@ -11,33 +11,35 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// The probe sends all the time, also off the skin: a line that is still for so long is gone.
+// The probe sends all the time, also off the skin: a line that is still for so long is gone. Real
+// time, whatever the clock's speed.
 constexpr auto longestSilence = 10s;
 
 // The line to the port that was named, whatever the settings say.
 class NamedPort final : public SerialLine {
 public:
-    NamedPort(std::string path, const Clock& clock) : path_(std::move(path)), clock_(clock) {
+    explicit NamedPort(std::string path) : path_(std::move(path)) {
         line_.received = [this](std::string_view text) {
-            lastReceived_ = clock_.now();
+            lastReceived_ = std::chrono::steady_clock::now();
             if (received)
                 received(text);
         };
     }
     bool open(const std::string&) override {
-        lastReceived_ = clock_.now();
+        lastReceived_ = std::chrono::steady_clock::now();
         return line_.open(path_);
     }
     void configure(std::string_view settings) override { line_.configure(settings); }
     void send(std::string_view text) override { line_.send(text); }
     void close() override { line_.close(); }
 
-    [[nodiscard]] bool isStill() const { return clock_.now() - lastReceived_ > longestSilence; }
+    [[nodiscard]] bool isStill() const {
+        return std::chrono::steady_clock::now() - lastReceived_ > longestSilence;
+    }
 
 private:
     std::string path_;
-    const Clock& clock_;
-    LocalTime lastReceived_;
+    std::chrono::steady_clock::time_point lastReceived_;
     QtSerialLine line_;
 };
 
@@ -115,7 +117,7 @@ std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order) 
     if (!button.visible)
         throw CannotRun("--kind: " + order.kind + " is not measured in this mode");
     const std::vector<ListRow> before = process.window.measurements.list.rows();
-    NamedPort port(order.port, process.clock);
+    NamedPort port(std::filesystem::absolute(order.port).string());
     NoSearch search;
     Measuring measuring(process.window, process.context, {.line = port, .search = search});
     Operator practitioner(order, process, port, measuring);

@@ -2,7 +2,6 @@
 
 #include "clients/client_list.h"
 #include "clients/measurement_tab.h"
-#include "evaluation/chart_window.h"
 #include "tool/command.h"
 
 #include <algorithm>
@@ -33,11 +32,7 @@ ToolProcess::ToolProcess(const ToolOptions& options)
                                                .opener = opener,
                                                .sound = sound,
                                                .drawing = drawing},
-      windows(loop,
-              [this](const Window& shown) {
-                  return state.ReportChartIndex > 0 &&
-                         dynamic_cast<const ChartWindow*>(&shown) != nullptr;
-              }),
+      windows(loop, [this](const Window&) { return state.ReportChartIndex > 0; }),
       context{.session = session,
               .state = state,
               .platform = platform,

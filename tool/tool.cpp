@@ -28,6 +28,8 @@ constexpr std::array commands{
     CommandEntry{"measure", "a guided run on a real serial line, then its save", &declareMeasure},
     CommandEntry{"evaluate", "a press of a chart button", &declareEvaluate},
     CommandEntry{"recommend", "the recommended solution for one problem row", &declareRecommend},
+    CommandEntry{"report", "the main report of a client", &declareReport},
+    CommandEntry{"rtf-to-html", "converts a document as a report does", &declareRtfToHtml},
     CommandEntry{"draw", "draws one chart document", &declareDraw},
     CommandEntry{"check", "holds the installation's content against what the system asks of it",
                  &declareCheck},

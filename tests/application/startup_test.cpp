@@ -91,7 +91,7 @@ TEST_F(StartupTest, ASessionBeginsWithTheClientListAndNoClient) {
         (Texts{"Příjmení", "Jméno", "Datum narození", "Telefon", "Poslední návštěva", "Založen"}));
     EXPECT_EQ(window.card.gender.rows.get(), (Texts{"muž", "žena"}));
     EXPECT_EQ(window.chartLabels.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
-    EXPECT_EQ(window.reportCharts.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
+    EXPECT_EQ(window.print.charts.at(6)->caption.get(), "ENERGETICKÉ OKRUHY");
     EXPECT_EQ(window.chartLabels.at(4)->caption.get(), "PRVKY V KRUHU");
 }
 

@@ -96,7 +96,7 @@ TEST(EvaluationDriver, ThePressOfAnActiveListIsNoPartOfAReport) {
     EvaluationDesk desk;
     desk.measure("P", sampleValues());
     desk.state.ReportChartIndex = 2;
-    desk.window.activeControl = &desk.window.reportCharts.members.front().operator*();
+    desk.window.activeControl = &desk.window.print.print;
     desk.press(4);
     EXPECT_EQ(desk.state.ReportChartIndex, 2);
     desk.window.activeControl = &desk.window.measurements.list;

@@ -82,6 +82,21 @@ TEST(BalanceWindow, WithoutAKoefItsFiguresStayEmpty) {
     EXPECT_EQ(shown.texts.at("Label1"), "t79 0 %");
 }
 
+TEST(BalanceWindow, OfAReportSavesItsPieAndClosesItself) {
+    EvaluationDesk desk;
+    desk.measure("P", sampleValues());
+    for (const std::int16_t index : {std::int16_t{0}, std::int16_t{2}}) {
+        desk.state.ReportChartIndex = index;
+        desk.state.reportChartKey = "23";
+        desk.windows.visit = [&](Window& window) {
+            desk.seams.loop.wait(std::chrono::milliseconds{2000});
+            EXPECT_EQ(window.closed(), index > 0);
+        };
+        desk.press(balanceButton);
+        EXPECT_EQ(desk.seams.drawing.documents.size(), index > 0 ? 1U : 0U);
+    }
+}
+
 TEST(QuadrantPie, PullsOutTheFarthestQuarter) {
     struct Case {
         const char* rule;

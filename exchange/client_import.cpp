@@ -1,0 +1,201 @@
+#include "exchange/client_import.h"
+
+#include "exchange/archive.h"
+#include "exchange/exchange_names.h"
+#include "platform/failure.h"
+#include "platform/files.h"
+#include "platform/text.h"
+
+#include <algorithm>
+
+namespace vorna {
+namespace {
+
+using Work = WorkProgress::Work;
+
+bool isAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
+char asciiCapital(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+// Whether the text in capitals is `capitals`. Most rows of a long list differ in their first
+// letters, which costs no look into the alphabets.
+bool hasCapitals(std::string_view text, std::string_view capitals) {
+    std::size_t at = 0;
+    for (; at < text.size() && isAscii(text[at]); ++at)
+        if (at >= capitals.size() || asciiCapital(text[at]) != capitals[at])
+            return false;
+    return at == text.size() ? at == capitals.size() : upperCase(text) == capitals;
+}
+
+// The rows of a name in the list.
+class NameSearch {
+public:
+    NameSearch(const ListView& list, std::string_view prijmeni, std::string_view jmeno)
+        : rows_(list.unfinishedRows()), surname_(upperCase(prijmeni)),
+          firstName_(upperCase(jmeno)) {}
+
+    [[nodiscard]] std::optional<std::size_t> from(std::size_t row) const {
+        for (; row < rows_.size(); ++row)
+            if (hasCapitals(rows_[row].text, surname_) &&
+                hasCapitals(subItem(rows_[row], ClientColumn::FirstName), firstName_))
+                return row;
+        return std::nullopt;
+    }
+
+private:
+    const std::vector<ListRow>& rows_;
+    std::string surname_;
+    std::string firstName_;
+};
+
+// ---- Archives
+
+// The folder that the archive of the user's choice was unpacked into; nothing when there was no
+// choice or no archive, which was told.
+std::optional<fs::path> unpackChosenArchive(ExchangeContext& context) {
+    const Session& session = context.clients.session;
+    Dialogs& dialogs = context.clients.platform.dialogs;
+    const fs::path file = dialogs.chooseFile({}, t(session, "t11") + " (*.zip)|*.zip");
+    if (file.empty())
+        return std::nullopt;
+    Archive archive(context.progress);
+    if (archive.openArchive(file) == 1) {
+        removeImportFolder(session);
+        const fs::path folder = importFolder(session);
+        if (archive.extractAll(folder) >= 0)
+            return folder;
+        removeImportFolder(session);
+    }
+    if (!archive.cancelled())
+        dialogs.message(archive.lastErrorText());
+    return std::nullopt;
+}
+
+std::string existsQuestion(const Session& session, const KlientDat& card) {
+    return t(session, "t133") + card.value("prijmeni") + " " + card.value("jmeno");
+}
+
+std::optional<MatchedClient> matchOf(const ListView& list, const KlientDat& card) {
+    const std::optional<std::size_t> at =
+        matchClient(list, card.value("prijmeni"), card.value("jmeno"));
+    if (!at)
+        return std::nullopt;
+    const ListRow& row = list.unfinishedRows()[*at];
+    return MatchedClient{
+        .row = *at, .id = row.tag, .intid = std::string(subItem(row, ClientColumn::Intid))};
+}
+
+// Merges a client unless the user does not want an existing one overwritten.
+void mergeAfterQuestion(ImportRun& run, const ComingClient& client) {
+    ClientContext& clients = run.context().clients;
+    const std::optional<MatchedClient> match = matchOf(clients.clients.list, client.card);
+    if (match && !clients.platform.dialogs.question(existsQuestion(clients.session, client.card)))
+        run.skip(match->intid);
+    else
+        run.merge(client, match);
+}
+
+ComingClient clientIn(const fs::path& folder, bool isTemporary) {
+    return {.source = folder, .card = KlientDat(folder), .isTemporary = isTemporary};
+}
+
+std::vector<fs::path> subFolders(const fs::path& folder) {
+    std::vector<fs::path> folders;
+    std::error_code error;
+    for (const std::string& name : listFiles(folder, "*.*"))
+        if (fs::is_directory(fs::symlink_status(folder / name, error)))
+            folders.push_back(folder / name);
+    return folders;
+}
+
+bool goesOn(const ExchangeContext& context, std::size_t done, std::size_t total) {
+    return context.progress == nullptr || context.progress->goesOn(Work::Importing, done, total);
+}
+
+// ---- Folders
+
+// The row because of which the client of a folder is not to be added.
+std::optional<std::size_t> refusingRow(const ClientContext& clients, const KlientDat& card) {
+    const NameSearch search(clients.clients.list, card.value("prijmeni"), card.value("jmeno"));
+    const bool isNameless = card.value("jmeno") + " " + card.value("prijmeni") == " ";
+    for (auto row = search.from(0); row; row = search.from(*row + 1))
+        if (isNameless || !clients.platform.dialogs.question(existsQuestion(clients.session, card)))
+            return row;
+    return std::nullopt;
+}
+
+void addFolder(ImportRun& run, const fs::path& folder) {
+    const ClientContext& clients = run.context().clients;
+    const ComingClient client = clientIn(folder, false);
+    if (const std::optional<std::size_t> row = refusingRow(clients, client.card))
+        run.skip(
+            std::string(subItem(clients.clients.list.unfinishedRows()[*row], ClientColumn::Intid)));
+    else
+        run.merge(client, std::nullopt);
+}
+
+} // namespace
+
+std::optional<std::size_t> matchClient(const ListView& list, std::string_view prijmeni,
+                                       std::string_view jmeno) {
+    return NameSearch(list, prijmeni, jmeno).from(0);
+}
+
+ImportedClients importClient(ExchangeContext& context) {
+    const std::optional<fs::path> folder = unpackChosenArchive(context);
+    if (!folder)
+        return {};
+    const ComingClient client = clientIn(*folder, true);
+    if (!client.card.exists()) {
+        context.clients.platform.dialogs.message("Toto není soubor individuálního exportu");
+        return {};
+    }
+    ImportRun run(context);
+    mergeAfterQuestion(run, client);
+    if (run.results.empty() || run.results.front().result != ImportResult::Skipped)
+        removeImportFolder(context.clients.session);
+    return run.results;
+}
+
+ImportedClients importGroup(ExchangeContext& context) {
+    const std::optional<fs::path> folder = unpackChosenArchive(context);
+    if (!folder)
+        return {};
+    if (listFiles(*folder, "*.*").empty()) {
+        context.clients.platform.dialogs.message("Toto není soubor hromadného exportu");
+        return {};
+    }
+    ImportRun run(context);
+    const std::vector<fs::path> klist = subFolders(*folder);
+    for (std::size_t i = 0; i < klist.size() && goesOn(context, i, klist.size()); ++i)
+        if (const ComingClient client = clientIn(klist[i], true); client.card.exists())
+            mergeAfterQuestion(run, client);
+    removeImportFolder(context.clients.session);
+    return run.results;
+}
+
+ImportedClients vlozK(ExchangeContext& context, const fs::path& folder) {
+    if (folder.empty())
+        return {};
+    ImportRun run(context);
+    addFolder(run, folder);
+    return run.results;
+}
+
+ImportedClients importFolders(ExchangeContext& context) {
+    ClientContext& clients = context.clients;
+    const fs::path chosen = clients.platform.dialogs.chooseFolder(t(clients.session, "t134"));
+    if (chosen.empty())
+        return {};
+    ImportRun run(context);
+    const std::vector<fs::path> folders = subFolders(chosen);
+    for (std::size_t i = 0; i < folders.size() && goesOn(context, i, folders.size()); ++i)
+        addFolder(run, folders[i]);
+    return run.results;
+}
+
+} // namespace vorna

@@ -1,0 +1,14 @@
+// The names that export and import give to files and folders.
+#pragma once
+
+#include <string_view>
+
+namespace vorna::names {
+
+// Among the clients' folders: what an import unpacks. Found without regard to case.
+inline constexpr std::string_view importFolder = "TEMPImport";
+
+inline constexpr std::string_view groupArchive = "VornaExport.zip";
+inline constexpr std::string_view archiveEnding = ".zip";
+
+} // namespace vorna::names
