@@ -165,7 +165,9 @@ void ImportRun::storeOver(const ComingClient& client, const MatchedClient& match
     for (const FileOnItsWay& file : files)
         if (file.to != replaced.front())
             replaced.push_back(file.to);
-    std::erase_if(replaced, &isMissing);
+    std::erase_if(replaced, [](const fs::path& path) {
+        return isMissing(path) || fs::is_directory(path); // a folder is never replaced
+    });
     if (!backup_.begun())
         endBatch(); // the table is copied as it stands in its file
     backup_.keep(match.intid, replaced);

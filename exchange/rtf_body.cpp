@@ -19,6 +19,14 @@ std::string_view wholeCharacters(std::string_view text, std::size_t bytes) {
     return text.substr(0, bytes);
 }
 
+// The first block begins no page: something may stand in front of it.
+void removePageBreak(RtfBlock& block) {
+    if (auto* const paragraph = std::get_if<RtfParagraph>(&block.content))
+        paragraph->format.pageBreakBefore = false;
+    else
+        std::get<RtfTable>(block.content).pageBreakBefore = false;
+}
+
 } // namespace
 
 void RtfBody::addText(std::string_view text, const RtfCharacterFormat& format) {
@@ -96,6 +104,8 @@ RtfDocument RtfBody::finish(RtfParagraphEnd end) {
     if (isOpen())
         endParagraph(std::move(end));
     document_.blocks = flow_.finish();
+    if (!document_.blocks.empty())
+        removePageBreak(document_.blocks.front());
     return std::move(document_);
 }
 

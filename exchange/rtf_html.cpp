@@ -13,15 +13,16 @@ namespace vorna {
 namespace {
 
 // The page's body alone goes into a report, so everything that matters stands in the elements.
-constexpr std::string_view pageStart = "<!DOCTYPE html>\n"
-                                       "<html>\n"
-                                       "<head>\n"
-                                       "<meta charset=\"utf-8\"/>\n"
-                                       "<title>Test Page</title>\n"
-                                       "<style>body{font-family:sans-serif}</style>\n"
-                                       "</head>\n"
-                                       "<body>\n"
-                                       "<div style=\"line-height:1.25\">\n";
+constexpr std::string_view pageStart =
+    "<!DOCTYPE html>\n"
+    "<html>\n"
+    "<head>\n"
+    "<meta charset=\"utf-8\"/>\n"
+    "<title>Test Page</title>\n"
+    "<style>body{font-family:sans-serif}</style>\n"
+    "</head>\n"
+    "<body>\n"
+    "<div style=\"line-height:1.25;overflow-wrap:break-word\">\n";
 constexpr std::string_view pageEnd = "</div>\n"
                                      "</body>\n"
                                      "</html>\n";

@@ -1,3 +1,4 @@
+#include "exchange/rtf_body.h"
 #include "tests/exchange/rtf_shown.h"
 #include "tests/support/scratch_folder.h"
 
@@ -67,23 +68,38 @@ TEST(RtfHostile, FewBytesNeverBecomeManyMore) {
     }
 }
 
-TEST(RtfHostile, TextGoesOnBeyondTheBounds) {
-    std::string page =
-        formatRtfHtml(parseRtf("{\\rtf1 " + repeated("a\\par ", 700 * kibibyte) + "end}"), {});
-    EXPECT_EQ(rtf_page::count(page, "<p "), 100'001U) << "of paragraphs";
-    EXPECT_NE(page.find("<br/>a<br/>end</p>"), std::string::npos);
-    page = formatRtfHtml(
-        parseRtf("{\\rtf1 " + repeated("\\b a\\b0 b", 1500 * kibibyte) + "\\b end}"), {});
-    EXPECT_LT(rtf_page::count(page, "<b>"), 150'002U) << "of runs";
-    EXPECT_NE(page.find("abend"), std::string::npos);
+TEST(RtfHostile, TextGoesOnBeyondTheBoundsOfParagraphsAndRuns) {
+    RtfBody paragraphs;
+    for (int i = 0; i < 100'003; ++i) {
+        paragraphs.addText("a", {});
+        paragraphs.endParagraph({});
+    }
+    const RtfDocument many = paragraphs.finish({});
+    ASSERT_EQ(many.blocks.size(), 100'001U);
+    EXPECT_EQ(std::get<RtfParagraph>(many.blocks.back().content).runs.at(0).text, "a\na\na");
+
+    RtfBody runs;
+    RtfCharacterFormat bold;
+    bold.bold = true;
+    for (int i = 0; i < 150'002; ++i) {
+        runs.addText("a", {});
+        runs.addText("b", bold);
+    }
+    const RtfDocument lively = runs.finish({});
+    const auto& paragraph = std::get<RtfParagraph>(lively.blocks.at(0).content);
+    EXPECT_EQ(paragraph.runs.size(), 300'000U);
+    EXPECT_EQ(paragraph.runs.back().text, "babab");
 }
 
-TEST(RtfHostile, TextBeyondItsBoundIsLeftOut) {
-    const std::string page = formatRtfHtml(
-        parseRtf("{\\rtf1\\ansicpg1250 x" + std::string(9000 * kibibyte, '\xE8') + "}"), {});
-    EXPECT_TRUE(isUtf8(page));
-    EXPECT_LT(page.size(), 8200 * kibibyte);
-    EXPECT_GT(page.size(), 8190 * kibibyte);
+TEST(RtfHostile, TextBeyondItsBoundEndsWithAWholeCharacter) {
+    RtfBody body;
+    body.addText(std::string(8192 * kibibyte - 1, 'x'), {});
+    body.addText("č", {});
+    body.addText("yz", {});
+    const RtfDocument document = body.finish({});
+    const std::string& text = std::get<RtfParagraph>(document.blocks.at(0).content).runs.at(0).text;
+    EXPECT_EQ(text.size(), 8192 * kibibyte);
+    EXPECT_EQ(text.substr(text.size() - 2), "xy");
 }
 
 TEST(RtfHostile, TextInDeepGroupsIsLeftOutAndNoFurther) {

@@ -67,7 +67,8 @@ TEST(RtfLayout, ParagraphsLook) {
          "margin:0 0 0 0;font-size:12pt;border-top:2.25pt double #000000"},
         {"borders of the page are not its own", "\\pgbrdrt\\brdrs\\brdrw20 a",
          "margin:0 0 0 0;font-size:12pt"},
-        {"on a new page", "\\pagebb a", "margin:0 0 0 0;font-size:12pt;page-break-before:always"},
+        {"on a new page", "x\\par\\pagebb a",
+         "margin:0 0 0 0;font-size:12pt;page-break-before:always"},
         {"kept together", "\\keepn\\keep a",
          "margin:0 0 0 0;font-size:12pt;page-break-after:avoid;page-break-inside:avoid"},
         {"from right to left", "\\rtlpar\\ql a",
@@ -103,6 +104,7 @@ TEST(RtfLayout, ParagraphsFollowEachOther) {
          "border-bottom:1pt solid #000000;border-left:1pt solid #000000\">b</p>"},
         {"a new page", "a\\page b\\page",
          "<p>a</p><p style=\"margin:0 0 0 0;font-size:12pt;page-break-before:always\">b</p>"},
+        {"not before the first paragraph", "\\page\\pagebb a", "<p>a</p>"},
         {"a new section", "\\sectd a\\sect\\sectd b\\sect\\sectd\\sbknone c",
          "<p>a</p><p style=\"margin:0 0 0 0;font-size:12pt;page-break-before:always\">b</p>"
          "<p>c</p>"},

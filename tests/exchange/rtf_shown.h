@@ -32,7 +32,7 @@ inline std::string pageOf(std::string_view rtf) {
 
 // What stands in the page's body, without line ends and without the looks of a plain paragraph.
 inline std::string shown(std::string_view rtf) {
-    constexpr std::string_view start = "<div style=\"line-height:1.25\">";
+    constexpr std::string_view start = "<div style=\"line-height:1.25;overflow-wrap:break-word\">";
     const std::string page = without(pageOf(rtf), "\n");
     const std::size_t from = page.find(start) + start.size();
     const std::string body = page.substr(from, page.rfind("</div>") - from);

@@ -108,7 +108,7 @@ TEST(RtfTable, CellsLook) {
     EXPECT_EQ(cell("\\trbrdrt\\brdrs\\brdrw20\\trbrdrv\\brdrdash\\brdrw10", "\\clbrdrt\\brdrnone"),
               "padding:1pt 5.4pt;vertical-align:top;border-right:0.5pt dashed #000000")
         << "the row's where the cell has none of its own";
-    const std::string placed = shownText("\\page\\trowd\\trqc\\cellx1000\\intbl a\\cell\\row");
+    const std::string placed = shownText("x\\page\\trowd\\trqc\\cellx1000\\intbl a\\cell\\row");
     EXPECT_NE(placed.find("margin:0 auto;width:50pt;max-width:100%;page-break-before:always"),
               std::string::npos)
         << placed;
