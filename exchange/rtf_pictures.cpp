@@ -164,12 +164,12 @@ std::optional<RtfPicture> RtfPictureReader::finish() {
 }
 
 int RtfPictureReader::shownSize(int wanted, int scale, int natural) const {
-    constexpr int twipsOfPixel = 15;
-    const long long size = wanted > 0                ? wanted
-                           : kind_ == Kind::Metafile ? natural * 1440LL / 2540
-                                                     : natural * twipsOfPixel;
-    return static_cast<int>(std::clamp(size * (scale > 0 ? scale : 100) / 100, 0LL,
-                                       static_cast<long long>(maxShownTwips)));
+    constexpr long long twipsOfPixel = 15;
+    long long size = wanted;
+    if (wanted <= 0)
+        size = kind_ == Kind::Metafile ? natural * 1440LL / 2540 : natural * twipsOfPixel;
+    size = size * (scale > 0 ? scale : 100) / 100;
+    return static_cast<int>(std::min<long long>(size, maxShownTwips));
 }
 
 } // namespace vorna

@@ -60,6 +60,11 @@ RtfTab stopBehind(int position, const std::vector<RtfTab>& tabs, int hanging, in
     return own != tabs.end() ? *own : RtfTab{(position / tabWidth + 1) * tabWidth};
 }
 
+// The box of a segment that ends at a stop, or is centred at it; `room` is free before the stop.
+RtfBox alignedBox(int width, int room, RtfAlignment alignment) {
+    return {std::max(alignment == RtfAlignment::Right ? room : room * 2, width), alignment};
+}
+
 } // namespace
 
 bool RtfLines::next(RtfLine& line) {
@@ -83,11 +88,6 @@ bool RtfLines::next(RtfLine& line) {
         }
     }
     return true;
-}
-
-// The box of a segment that ends at a stop, or is centred at it; `room` is free before the stop.
-RtfBox alignedBox(int width, int room, RtfAlignment alignment) {
-    return {std::max(alignment == RtfAlignment::Right ? room : room * 2, width), alignment};
 }
 
 std::vector<RtfBox> layoutTabs(const RtfLine& line, const std::vector<RtfTab>& tabs,
@@ -117,7 +117,8 @@ std::vector<RtfBox> layoutTabs(const RtfLine& line, const std::vector<RtfTab>& t
         if (aligned) {
             boxes[i].gap = alignment == RtfAlignment::Left ? room : 0;
         } else {
-            boxes[i].width = alignment == RtfAlignment::Left ? stop.position - position : width;
+            boxes[i].width =
+                alignment == RtfAlignment::Left ? stop.position - position : std::max(width, 1);
             boxes[i].tight = alignment == RtfAlignment::Left && free < smallestGap;
         }
         position += boxes[i].width + boxes[i].gap;
