@@ -10,13 +10,13 @@ namespace vorna {
 namespace {
 
 constexpr std::int32_t barMinimum = 900;
-constexpr std::int32_t barMaximum = 3000;
+constexpr std::int32_t percentBarMaximum = 3000;
 
 } // namespace
 
 FreeMeasurementTab::FreeMeasurementTab(Window& window)
     : frame(window, "mereniFrame"), action(window, "Command9"), value(window, "Label6"),
-      percent(window, "Label7"), bar(window, "ProgressBar1", barMinimum, barMaximum),
+      percent(window, "Label7"), bar(window, "ProgressBar1", barMinimum, percentBarMaximum),
       armLog(window, "Label8"), logHint(window, "Label17") {}
 
 FreeMeasurement::FreeMeasurement(FreeMeasurementTab& tab, Session& session, Platform& platform,

@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 constexpr auto tickPeriod = 200ms;
 constexpr auto nextPointDelay = 500ms;
-constexpr std::int32_t barMaximum = 400; // chart units
+constexpr std::int32_t valueBarMaximum = 400; // chart units
 // A box above this counts each tick twice.
 constexpr double fastBoxValue = 40;
 // More lost ticks than this begin the point afresh.
@@ -44,7 +44,7 @@ RunControls::RunControls(Window& window)
     : startIndexLabel(window, "Label1"), startIndex(window, "Text1"), start(window, "Command1"),
       stop(window, "Command2"), boxes(window, "Text2", places), progress(window, "PointProgress1"),
       ready(window, "Label11"), applyProbe(window, "Label8"), holdProbe(window, "Label9"),
-      pointMeasured(window, "Label10"), bar(window, "ProgressBar1", 0, barMaximum),
+      pointMeasured(window, "Label10"), bar(window, "ProgressBar1", 0, valueBarMaximum),
       liveValueLabel(window, "Label3"), liveValue(window, "Label12"),
       readingsLabel(window, "Label4"), readings(window, "List1"), skipHint(window, "Label5"),
       preparePoint(window, "Command5") {}

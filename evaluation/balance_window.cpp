@@ -13,7 +13,7 @@
 namespace vorna {
 namespace {
 
-constexpr int titleRow = 4;
+constexpr int balanceTitleRow = 4;
 constexpr std::int16_t chartTypeOfBalance = 7;
 // Chart units either way that lead to the edge of the cross diagram and back: 200 each.
 constexpr double crossSpan = 400.0;
@@ -67,7 +67,7 @@ void BalanceWindow::load() {
 void FillBalanceWindow(EvaluationContext& context, BalanceWindow& window,
                        const std::filesystem::path& path, std::string_view kindLetter) {
     Session& session = context.session;
-    const std::string title = orEmpty([&] { return vratNazevGrafu(session, titleRow); });
+    const std::string title = orEmpty([&] { return vratNazevGrafu(session, balanceTitleRow); });
     window.setCaption(t(session, "t44") + title);
     window.title.caption = title;
     context.state.CurrentKind = wholeMeasurementKind(kindLetter);

@@ -57,8 +57,6 @@ constexpr std::array<ElementColumn, columnDistance> elementColumns{{
     {5, 8, 7, false},
 }};
 
-constexpr std::string_view allPlaces =
-    "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24";
 constexpr std::string_view yinChannels = "10,22,1,13,3,15,12,24,8,20,5,17";
 constexpr std::string_view yangChannels = "9,21,4,16,2,14,11,23,6,18,7,19";
 

@@ -12,7 +12,7 @@
 namespace vorna {
 namespace {
 
-constexpr int titleRow = 14;
+constexpr int elementTitleRow = 14;
 
 } // namespace
 
@@ -41,7 +41,7 @@ void ElementWindow::load() {
             });
     });
     // The pies have named the client by now.
-    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, titleRow); });
+    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, elementTitleRow); });
     subtitle.caption = subcaption(context_, kindLabel(context_));
 }
 

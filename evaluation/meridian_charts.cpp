@@ -11,8 +11,6 @@
 namespace vorna {
 namespace {
 
-constexpr std::string_view allPlaces =
-    "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24";
 constexpr std::string_view firstSide = "1,2,3,4,5,6,7,8,9,10,11,12";
 // Places 23 and 24 are not in this mean.
 constexpr std::string_view secondSide = "13,14,15,16,17,18,19,20,21,22";

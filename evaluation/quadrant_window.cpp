@@ -11,7 +11,7 @@
 namespace vorna {
 namespace {
 
-constexpr int titleRow = 8;
+constexpr int quadrantTitleRow = 8;
 constexpr int firstSidePie = 9;
 
 } // namespace
@@ -29,7 +29,7 @@ QuadrantWindow::QuadrantWindow(EvaluationContext& context) : Window("Form8"), co
 }
 
 void QuadrantWindow::load() {
-    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, titleRow); });
+    title.caption = orEmpty([&] { return vratNazevGrafu(context_.session, quadrantTitleRow); });
     subtitle.caption = subcaption(context_, kindLabel(context_));
     attempt([&] {
         const ListRow& row = selectedMeasurement(context_);

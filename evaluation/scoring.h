@@ -19,6 +19,10 @@ using StoredValues = std::array<std::int32_t, slotCount + 1>;
 // The same in chart units, in which 200 is the top of the axis.
 using ChartValues = std::array<std::int16_t, slotCount + 1>;
 
+// The 24 places of a chart as a list for GroupMean.
+inline constexpr std::string_view allPlaces =
+    "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18,19,20,21,22,23,24";
+
 // x / koef, rounded to 16 bits. Failure when koef is 0 or the result does not fit.
 std::int16_t ScaledValue(double x, std::int16_t koef);
 

@@ -270,7 +270,7 @@ private:
 
     // Exact where the archive holds it so, else to two seconds. A file's content matters, not
     // whether its time can be set.
-    void keepTime(int file, std::time_t changed) {
+    void keepTime(int file, std::time_t changed) const {
         constexpr zip_uint16_t extendedTimestamp = 0x5455;
         constexpr zip_uint16_t fieldSize = 5;
         zip_uint16_t size = 0;

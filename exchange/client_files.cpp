@@ -15,16 +15,16 @@ namespace {
 
 constexpr const char* backupKind = "import";
 
-class Descriptor {
+class CopyDescriptor {
 public:
-    Descriptor(const fs::path& path, int flags)
+    CopyDescriptor(const fs::path& path, int flags)
         : value_(::open(path.c_str(), flags | O_CLOEXEC | O_NOFOLLOW, 0666)) {
         if (value_ < 0)
             throw Failure("a file on its way cannot be opened");
     }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() { ::close(value_); }
+    CopyDescriptor(const CopyDescriptor&) = delete;
+    CopyDescriptor& operator=(const CopyDescriptor&) = delete;
+    ~CopyDescriptor() { ::close(value_); }
     [[nodiscard]] int get() const { return value_; }
 
 private:
@@ -80,8 +80,8 @@ void copyFile(const FileOnItsWay& file) {
         file.to.parent_path() / (".vorna-" + std::to_string(::getpid()) + ".new~");
     std::error_code error;
     const bool whole = attempt([&] {
-        const Descriptor from(file.from, O_RDONLY | O_NONBLOCK);
-        const Descriptor to(temporary, O_WRONLY | O_CREAT | O_TRUNC);
+        const CopyDescriptor from(file.from, O_RDONLY | O_NONBLOCK);
+        const CopyDescriptor to(temporary, O_WRONLY | O_CREAT | O_TRUNC);
         copyContent(from.get(), to.get());
         keepTime(from.get(), to.get());
     });
@@ -94,7 +94,7 @@ void copyFile(const FileOnItsWay& file) {
 }
 
 void flushFileSystem(const fs::path& folder) {
-    attempt([&] { ::syncfs(Descriptor(folder, O_RDONLY | O_DIRECTORY).get()); });
+    attempt([&] { ::syncfs(CopyDescriptor(folder, O_RDONLY | O_DIRECTORY).get()); });
 }
 
 void ImportBackup::begin() {

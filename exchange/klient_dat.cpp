@@ -11,7 +11,7 @@
 namespace vorna {
 namespace {
 
-constexpr std::uintmax_t largestFile = 256 * 1024; // the largest that is known has 2 kB
+constexpr std::uintmax_t largestFile = 256U << 10U; // the largest that is known has 2 kB
 
 } // namespace
 

@@ -6,8 +6,8 @@ namespace vorna {
 namespace {
 
 constexpr std::size_t maxLists = 4096;
-constexpr std::size_t maxTextBytes = 64;
-constexpr int maxIndent = 8000;
+constexpr std::size_t maxMarkerBytes = 64;
+constexpr int maxListIndent = 8000;
 constexpr int bulletKind = 23;
 constexpr int noKind = 255;
 
@@ -73,9 +73,9 @@ void RtfLists::takeWord(const RtfToken& word) {
     else if (word.text == "levelstartat")
         level->start = std::clamp(number, 0, 32767);
     else if (word.text == "li")
-        level->left = std::clamp(number, 0, maxIndent);
+        level->left = std::clamp(number, 0, maxListIndent);
     else if (word.text == "fi")
-        level->first = std::clamp(number, -maxIndent, maxIndent);
+        level->first = std::clamp(number, -maxListIndent, maxListIndent);
 }
 
 void RtfLists::setLevelText(const std::string& text) {
@@ -87,7 +87,7 @@ void RtfLists::setLevelText(const std::string& text) {
     for (const char c : text.substr(start, text.rfind(';') - start))
         if (static_cast<unsigned char>(c) < levelCount || static_cast<unsigned char>(c) >= 0x20)
             level->text += c;
-    if (level->text.size() > maxTextBytes)
+    if (level->text.size() > maxMarkerBytes)
         level->text.clear();
 }
 

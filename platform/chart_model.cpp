@@ -36,7 +36,7 @@ bool equalName(std::string_view a, std::string_view b) {
                       [](char x, char y) { return lower(x) == lower(y); });
 }
 
-std::string_view trimmed(std::string_view text) {
+std::string_view withoutBlanks(std::string_view text) {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);
     while (!text.empty() && isBlank(text.back()))
@@ -55,7 +55,7 @@ std::string boundedText(std::string_view text) {
 }
 
 std::optional<double> parseNumber(std::string_view text) {
-    text = trimmed(text);
+    text = withoutBlanks(text);
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc{} || end != text.data() + text.size() || !std::isfinite(number))
@@ -64,7 +64,7 @@ std::optional<double> parseNumber(std::string_view text) {
 }
 
 std::optional<int> parseInteger(std::string_view text, int lowest, int highest) {
-    text = trimmed(text);
+    text = withoutBlanks(text);
     int number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc{} || end != text.data() + text.size())
@@ -79,7 +79,7 @@ std::optional<bool> parseFlag(std::string_view text) {
 
 // Six hexadecimal digits, with or without a number sign; of a list the first.
 std::optional<ChartColour> parseColour(std::string_view text) {
-    text = trimmed(text.substr(0, text.find(',')));
+    text = withoutBlanks(text.substr(0, text.find(',')));
     if (text.starts_with('#'))
         text.remove_prefix(1);
     std::uint32_t rgb = 0;
@@ -354,7 +354,7 @@ private:
         ChartTrendLine line{.start = *start,
                             .end = std::nullopt,
                             .dashed = parseFlag(tag.get("dashed")).value_or(false),
-                            .text = boundedText(trimmed(tag.get("displayvalue"))),
+                            .text = boundedText(withoutBlanks(tag.get("displayvalue"))),
                             .colour = parseColour(tag.get("color")).value_or(lineColour)};
         if (parseFlag(tag.get("istrendzone")).value_or(false))
             line.end = parseNumber(tag.get("endvalue"));

@@ -73,6 +73,7 @@ void fillField(ClientCard& card, const Field& field) {
 // As Tab goes through the card: the personal number before what it fills.
 void fillCard(ClientCard& card, const std::vector<std::string>& typed) {
     std::vector<Field> fields;
+    fields.reserve(typed.size());
     for (const std::string& one : typed)
         fields.push_back(parseField(one));
     std::stable_partition(fields.begin(), fields.end(),

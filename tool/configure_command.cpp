@@ -3,7 +3,7 @@
 namespace vorna {
 namespace {
 
-struct Arguments {
+struct SettingsArguments {
     std::string mode;
     std::optional<int> language;
     std::optional<std::string> name;
@@ -11,7 +11,7 @@ struct Arguments {
     std::optional<std::string> address;
 };
 
-void savePractitioner(const Arguments& arguments, MainWindow& window) {
+void savePractitioner(const SettingsArguments& arguments, MainWindow& window) {
     if (arguments.name)
         window.practitionerName.text = *arguments.name;
     if (arguments.contact)
@@ -22,7 +22,7 @@ void savePractitioner(const Arguments& arguments, MainWindow& window) {
         window.savePractitioner.click();
 }
 
-void saveModeAndLanguage(const Arguments& arguments, MainWindow& window) {
+void saveModeAndLanguage(const SettingsArguments& arguments, MainWindow& window) {
     if (!arguments.mode.empty()) {
         window.apmOption.checked = arguments.mode == "apm";
         window.tcmOption.checked = arguments.mode == "tcm";
@@ -36,7 +36,7 @@ void saveModeAndLanguage(const Arguments& arguments, MainWindow& window) {
 } // namespace
 
 CommandBody declareConfigure(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<SettingsArguments>();
     subcommand.add_option("--mode", arguments->mode, "the mode of evaluation")
         ->check(CLI::IsMember({"apm", "tcm"}));
     subcommand

@@ -9,7 +9,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-struct Arguments {
+struct DrawArguments {
     std::string document;
     int type = 0;
     std::string picture;
@@ -28,7 +28,7 @@ PictureSize parseSize(const std::string& text) {
     throw WrongUsage("--size: \"" + text + "\" is not of the form WIDTHxHEIGHT");
 }
 
-CommandResult run(const Arguments& arguments) {
+CommandResult run(const DrawArguments& arguments) {
     const PictureSize size = parseSize(arguments.size);
     std::string document;
     if (!attempt([&] { document = readWholeFile(arguments.document); }))
@@ -45,7 +45,7 @@ CommandResult run(const Arguments& arguments) {
 } // namespace
 
 CommandBody declareDraw(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<DrawArguments>();
     subcommand.add_option("--document", arguments->document, "the chart document")->required();
     subcommand.add_option("--type", arguments->type, "11 columns, 4 pie")
         ->required()

@@ -128,7 +128,7 @@ std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order) 
     process.loop.setPace(order.speed, &OffscreenQt::letEventsInUntil);
     button.click();
     process.windows.visit = {};
-    const std::string file = newMeasurement(process.window.measurements.list, before);
+    std::string file = newMeasurement(process.window.measurements.list, before);
     if (file.empty())
         throw CannotRun("the measurement could not be stored");
     return file;

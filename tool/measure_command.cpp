@@ -7,12 +7,12 @@
 namespace vorna {
 namespace {
 
-struct Arguments {
+struct MeasureArguments {
     std::string client;
     GuidedMeasurement order;
 };
 
-CommandResult run(const Arguments& arguments, const ToolOptions& options) {
+CommandResult run(const MeasureArguments& arguments, const ToolOptions& options) {
     const OffscreenQt qt;
     ToolProcess process(options);
     process.start();
@@ -34,7 +34,7 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
 } // namespace
 
 CommandBody declareMeasure(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<MeasureArguments>();
     GuidedMeasurement& order = arguments->order;
     subcommand.add_option("--client", arguments->client, "the client's intid")->required();
     subcommand.add_option("--kind", order.kind, "P, T, B or E")

@@ -7,7 +7,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-struct Arguments {
+struct RecommendArguments {
     ChartPress press;
     int row = 0;
 };
@@ -32,7 +32,7 @@ ordered_json answerOf(const RecommendationWindow& window) {
     return {{"title", jsonText(window.caption())}, {"rows", rows}, {"display", display}};
 }
 
-CommandResult run(const Arguments& arguments, const ToolOptions& options) {
+CommandResult run(const RecommendArguments& arguments, const ToolOptions& options) {
     ToolProcess process(options);
     ordered_json shown;
     bool chartOpened = false;
@@ -59,7 +59,7 @@ CommandResult run(const Arguments& arguments, const ToolOptions& options) {
 } // namespace
 
 CommandBody declareRecommend(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<RecommendArguments>();
     declareChartPress(subcommand, arguments->press);
     subcommand.add_option("--row", arguments->row, "the problem row, from 0")
         ->required()

@@ -11,7 +11,7 @@ namespace {
 
 using nlohmann::ordered_json;
 
-struct Arguments {
+struct ReportArguments {
     std::string client;
     std::vector<std::string> measurements;
     std::vector<int> charts;
@@ -64,7 +64,7 @@ ordered_json picturesOf(const std::string& page, const fs::path& folder) {
     return pictures;
 }
 
-CommandResult run(const Arguments& arguments, const ToolOptions& options) {
+CommandResult run(const ReportArguments& arguments, const ToolOptions& options) {
     ToolProcess process(options);
     process.start();
     process.selectClient(arguments.client);
@@ -102,7 +102,7 @@ CommandResult convert(const std::string& file, const std::string& folder) {
 } // namespace
 
 CommandBody declareReport(CLI::App& subcommand) {
-    const auto arguments = std::make_shared<Arguments>();
+    const auto arguments = std::make_shared<ReportArguments>();
     subcommand.add_option("--client", arguments->client, "the client's intid")->required();
     subcommand.add_option("--measurement", arguments->measurements, "a measurement's file name")
         ->allow_extra_args(false);

@@ -46,7 +46,7 @@ ordered_json clientsOf(const MainWindow& window) {
     return clients;
 }
 
-CommandResult run(const ToolOptions& options) {
+CommandResult printSession(const ToolOptions& options) {
     ToolProcess process(options);
     const bool firstRun = process.start();
     const Session& session = process.session;
@@ -66,7 +66,7 @@ CommandResult run(const ToolOptions& options) {
 } // namespace
 
 CommandBody declareSession(CLI::App&) {
-    return &run;
+    return &printSession;
 }
 
 } // namespace vorna

@@ -10,8 +10,8 @@ namespace vorna {
 namespace {
 
 constexpr std::size_t maxColumns = 400;
-constexpr std::array<QRgb, 6> palette{0xff0082fb, 0xfffb5f55, 0xff17ab0c,
-                                      0xffff9900, 0xff7a5cd6, 0xff00aadb};
+constexpr std::array<QRgb, 6> seriesPalette{0xff0082fb, 0xfffb5f55, 0xff17ab0c,
+                                            0xffff9900, 0xff7a5cd6, 0xff00aadb};
 
 QString numberText(double value) {
     return QString::number(value, 'g', 10);
@@ -38,7 +38,7 @@ QColor seriesColor(const ChartModel& model, std::size_t index) {
         return toColor(*series.colour);
     if (!series.values.empty() && series.values.front().colour)
         return toColor(*series.values.front().colour);
-    return QColor(palette[index % palette.size()]);
+    return QColor(seriesPalette[index % seriesPalette.size()]);
 }
 
 QColor outlineOf(const ChartModel& model, const QColor& fill) {

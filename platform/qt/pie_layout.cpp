@@ -12,8 +12,8 @@ namespace {
 
 using std::numbers::pi;
 
-constexpr std::array<QRgb, 8> palette{0xff0082fb, 0xfffb5f55, 0xff17ab0c, 0xffff9900,
-                                      0xff7a5cd6, 0xff00aadb, 0xffdbdb26, 0xff858282};
+constexpr std::array<QRgb, 8> slicePalette{0xff0082fb, 0xfffb5f55, 0xff17ab0c, 0xffff9900,
+                                           0xff7a5cd6, 0xff00aadb, 0xffdbdb26, 0xff858282};
 
 // What the labels leave of the radius that the pie would have without them, at least.
 constexpr double smallestShare = 0.33;
@@ -109,8 +109,8 @@ private:
             const ChartValue& value = model_.slices[i];
             const double part = out_.empty ? 1.0 / static_cast<double>(model_.slices.size())
                                            : std::max(value.value, 0.0) / total;
-            QColor fill =
-                value.colour ? toColor(*value.colour) : QColor(palette[i % palette.size()]);
+            QColor fill = value.colour ? toColor(*value.colour)
+                                       : QColor(slicePalette[i % slicePalette.size()]);
             out_.slices.push_back({.from = angle,
                                    .span = part * 2 * pi,
                                    .apex = {},

@@ -2,6 +2,7 @@
 #include "core/file_names.h"
 #include "core/reference_database.h"
 #include "core/settings_file.h"
+#include "tests/support/no_windows.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/test_installation.h"
 #include "tests/support/test_platform.h"
@@ -15,10 +16,6 @@ namespace {
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-struct NoWindows final : WindowHost {
-    void showModal(Window&) override {}
-};
 
 class InstallationCheckTest : public ::testing::Test {
 protected:

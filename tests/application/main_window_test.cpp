@@ -1,6 +1,7 @@
 #include "application/main_window.h"
 #include "core/file_names.h"
 #include "core/settings_file.h"
+#include "tests/support/no_windows.h"
 #include "tests/support/scratch_folder.h"
 #include "tests/support/test_platform.h"
 
@@ -10,10 +11,6 @@ namespace vorna {
 namespace {
 
 using Texts = std::vector<std::string>;
-
-struct NoWindows final : WindowHost {
-    void showModal(Window&) override {}
-};
 
 // The settings tab of a session in TCM mode and Czech.
 struct SettingsTab {

@@ -75,8 +75,9 @@ TEST(Number, TextsArePlainDecimal) {
         {"1e999", {}}, {"nan", {}},    {"-inf", {}}, {"0x1F", {}}, {"7\xC2\xA0", {}}, {"", {}},
         {" ", {}},     {"- 7", {}},    {"7.", 7},    {"2/3", {}},
     };
-    for (const auto& [text, number] : cases)
-        EXPECT_EQ(orNothing([&] { return numberOfDecimalText(text); }), number) << text;
+    for (const auto& one : cases)
+        EXPECT_EQ(orNothing([&] { return numberOfDecimalText(one.first); }), one.second)
+            << one.first;
 }
 
 } // namespace

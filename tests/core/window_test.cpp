@@ -7,15 +7,15 @@
 namespace vorna {
 namespace {
 
-struct SampleWindow final : Window {
-    SampleWindow() : Window("Form1") {}
+struct ArrayWindow final : Window {
+    ArrayWindow() : Window("Form1") {}
     Button first{*this, "tlac", 0};
     Button second{*this, "tlac", 1};
     ListView list{*this, "ListView1"};
 };
 
 TEST(Window, ControlsAreFoundByNameAndPlaceInTheirArray) {
-    const SampleWindow window;
+    const ArrayWindow window;
     EXPECT_EQ(window.find("tlac", 1), &window.second);
     EXPECT_EQ(window.find("ListView1"), &window.list);
     EXPECT_EQ(window.find("tlac"), nullptr) << "an array's member needs its index";
@@ -24,7 +24,7 @@ TEST(Window, ControlsAreFoundByNameAndPlaceInTheirArray) {
 }
 
 TEST(Window, AListKeepsItsSelectionInBounds) {
-    SampleWindow window;
+    ArrayWindow window;
     ListView& list = window.list;
     list.setRows({{.text = "a"}, {.text = "b"}});
     EXPECT_EQ(list.selectedRow(), nullptr);

@@ -7,14 +7,6 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// Each slot shows its own number.
-StoredValues slotNumbers() {
-    StoredValues values{};
-    for (std::size_t slot = 1; slot <= slotCount; ++slot)
-        values[slot] = static_cast<std::int32_t>(slot) * 30;
-    return values;
-}
-
 TEST(MeridianCharts, TheSidesDoNotKnowTheFourthKind) {
     EvaluationDesk desk;
     desk.session.odchylka = 0;

@@ -12,14 +12,6 @@ using Texts = std::vector<std::string>;
 constexpr int balanceButton = 3;
 constexpr int elementButton = 4;
 
-// Each slot shows its own number.
-StoredValues slotNumbers() {
-    StoredValues values{};
-    for (std::size_t slot = 1; slot <= slotCount; ++slot)
-        values[slot] = static_cast<std::int32_t>(slot) * 30;
-    return values;
-}
-
 std::map<int, int> rightSide(int chartUnits) {
     std::map<int, int> changed;
     for (int slot = 13; slot <= 24; ++slot)

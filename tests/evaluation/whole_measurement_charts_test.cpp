@@ -7,7 +7,7 @@
 namespace vorna {
 namespace {
 
-constexpr int balanceButton = 5;
+constexpr int wholeBalanceButton = 5;
 constexpr int energyButton = 6;
 
 // Changes every slot of a list.
@@ -46,7 +46,7 @@ TEST(BalanceChart, TheLargestContrastChoosesTheText) {
     EvaluationDesk desk;
     for (const Case& chart : cases) {
         desk.measure("P", levelValues(100, chart.changed));
-        desk.press(balanceButton);
+        desk.press(wholeBalanceButton);
         EXPECT_EQ(desk.state.apmTherapyText, chart.text) << chart.rule;
     }
 }
@@ -59,7 +59,7 @@ TEST(BalanceChart, TheBandIsRoundedWithItsWidth) {
         values[slot] = 3045;
     desk.session.odchylka = 1;
     desk.measure("P", values);
-    const std::string document = desk.press(balanceButton).at(0).texts.at("FusionCharts1");
+    const std::string document = desk.press(wholeBalanceButton).at(0).texts.at("FusionCharts1");
     EXPECT_NE(document.find("<line startValue='102' color"), std::string::npos);
     EXPECT_NE(document.find("<line startValue='100' endValue='102'"), std::string::npos);
 }

@@ -112,6 +112,13 @@ StoredValues levelValues(int chartUnits, const std::map<int, int>& changed) {
     return values;
 }
 
+StoredValues slotNumbers() {
+    StoredValues values{};
+    for (std::size_t slot = 1; slot <= slotCount; ++slot)
+        values[slot] = static_cast<std::int32_t>(slot) * 30;
+    return values;
+}
+
 StoredValues sampleValues() {
     struct Channel {
         int left;

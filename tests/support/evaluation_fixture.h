@@ -47,6 +47,9 @@ StoredValues levelValues(int chartUnits, const std::map<int, int>& changed);
 // A lively measurement: the liver high, the triple energizer and the kidneys one-sided.
 StoredValues sampleValues();
 
+// Each slot shows its own number under the koef of the desk.
+StoredValues slotNumbers();
+
 // One process after its start. koef 30, rozstep 50, odchylka 15.
 struct EvaluationDesk {
     explicit EvaluationDesk(std::int16_t mode = modeTcm);

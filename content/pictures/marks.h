@@ -1,0 +1,50 @@
+// What is put over a drawing, the same everywhere: the mark of a point, smaller dots, the course of
+// a pathway, labels. All sizes are pixels of the picture.
+#pragma once
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QString>
+
+namespace vorna {
+
+// The font of all pictures, of the given height.
+QFont pictureFont(double pixels, bool bold);
+
+// A red ring with a dot in it on a white halo; the ring's radius.
+void drawMark(QPainter& painter, const QPointF& at, double radius);
+
+// A small filled dot on a white halo.
+void drawDot(QPainter& painter, const QPointF& at, double radius, const QColor& colour);
+
+struct PathwayStyle {
+    double width = 5;
+    double arrowEvery = 0; // length of way between two arrows; 0: no arrows
+    QColor colour;
+};
+// A calm line, with arrows in the direction from its first point to its last.
+void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle& style);
+
+// The extent of a label round the origin.
+QRectF labelExtent(const QString& text, const QFont& font);
+
+struct Label {
+    QString text;
+    QFont font;
+    QPointF middle;
+    QColor colour;
+    bool boxed = false; // white box with the colour as its edge; else a white halo alone
+};
+void drawLabel(QPainter& painter, const Label& label);
+
+// A line from the rim of the mark to the label's box, on a white halo.
+struct Leader {
+    QPointF from;
+    double radius; // of the mark
+    QRectF to;
+    double width;
+    QColor colour;
+};
+void drawLeader(QPainter& painter, const Leader& leader);
+
+} // namespace vorna
