@@ -14,8 +14,10 @@ endif()
 add_library(vorna_common INTERFACE)
 target_include_directories(vorna_common INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(vorna_common INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wnon-virtual-dtor
   -Wold-style-cast -Woverloaded-virtual
+  # Where several sources are one unit, a local name may be a global one of another source.
+  $<IF:$<BOOL:${CMAKE_UNITY_BUILD}>,-Wshadow=local,-Wshadow>
   # A record initialised by name leaves the rest at its defaults on purpose.
   -Wno-missing-field-initializers
   # g++ 12 warns of an overlap in its own std::string, falsely, once it inlines enough.

@@ -30,6 +30,10 @@ std::string pointPicture(std::string_view pointLong, char side) {
     return std::string(pointLong) + "0" + side + "*.jpg";
 }
 
+std::string pointPictureOfTag(std::string_view tag, char kind) {
+    return std::string(tag) + kind + "*.jpg";
+}
+
 std::string recommendationOf(std::string_view yymmdd) {
     return "D" + std::string(yymmdd) + ".rtf";
 }

@@ -54,6 +54,8 @@ inline constexpr std::string_view energyPentagram = "obr2\\lang\\EnergyPentagram
 std::string meridianApmPicture(std::string_view meridian);             // M01apm-0*.jpg
 std::string meridianTcmPicture(std::string_view meridian, int number); // M01TCM-0*.jpg, number 0, 1
 std::string pointPicture(std::string_view pointLong, char side);       // 01090F*.jpg, side F, K
+// The same of a point's key with the digit of its side: 0 left, 1 right. The library asks for 0.
+std::string pointPictureOfTag(std::string_view tag, char kind); // 01091F*.jpg, kind F, K
 
 // In a client's folder.
 inline constexpr std::string_view klientDat = "klient.dat";

@@ -6,6 +6,7 @@
 #include <QLineF>
 
 #include <algorithm>
+#include <vector>
 
 namespace vorna {
 namespace {
@@ -97,6 +98,19 @@ void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle
                                        style.width * 4.2));
         }
     }
+}
+
+void drawArrow(QPainter& painter, const QPainterPath& path, const PathwayStyle& style) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(roundPen(style.colour, style.width));
+    painter.drawPath(path);
+    painter.setPen(roundPen(style.colour, style.width * 0.5));
+    painter.setBrush(style.colour);
+    const double degrees = path.angleAtPercent(1);
+    const double length = style.width * 4;
+    const QPointF tip =
+        QLineF::fromPolar(length * 0.6, degrees).translated(path.currentPosition()).p2();
+    painter.drawPath(arrowHead(tip, degrees, length));
 }
 
 QRectF labelExtent(const QString& text, const QFont& font) {

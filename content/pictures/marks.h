@@ -25,6 +25,9 @@ struct PathwayStyle {
 // A calm line, with arrows in the direction from its first point to its last.
 void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle& style);
 
+// A line with a head at its end.
+void drawArrow(QPainter& painter, const QPainterPath& path, const PathwayStyle& style);
+
 // The extent of a label round the origin.
 QRectF labelExtent(const QString& text, const QFont& font);
 

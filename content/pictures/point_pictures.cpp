@@ -75,6 +75,7 @@ struct PointPainter::Canvas {
     const Strength& strength;
     const QPointF mark;
     LabelPlaces places;
+    QPointF label; // its middle
     QImage image;
     QPainter painter;
 };
@@ -160,25 +161,32 @@ void PointPainter::drawNeighbours(Canvas& canvas) const {
     }
 }
 
+// The label's place is taken before the neighbours', which have to give way.
+void PointPainter::placeLabel(Canvas& canvas) const {
+    const double radius = canvas.strength.mark;
+    canvas.places.keepFree(around(canvas.mark, radius * 1.3));
+    const QFont font = pictureFont(canvas.strength.label, true);
+    const bool leftHalf = canvas.mark.x() < picture().center().x();
+    canvas.label =
+        canvas.places.take({.at = canvas.mark,
+                            .radius = radius * 2.1,
+                            .extent = labelExtent(labelOf(canvas.subject.pointLong), font),
+                            .preferred = leftHalf ? 30.0 : 150.0});
+}
+
 void PointPainter::drawSubject(Canvas& canvas) const {
     const double radius = canvas.strength.mark;
     const QString text = labelOf(canvas.subject.pointLong);
     const QFont font = pictureFont(canvas.strength.label, true);
-    const QRectF extent = labelExtent(text, font);
-    const bool leftHalf = canvas.mark.x() < picture().center().x();
-    const QPointF middle = canvas.places.take({.at = canvas.mark,
-                                               .radius = radius * 2.1,
-                                               .extent = extent,
-                                               .preferred = leftHalf ? 30.0 : 150.0});
     drawLeader(canvas.painter, {.from = canvas.mark,
                                 .radius = radius * 1.25,
-                                .to = extent.translated(middle),
+                                .to = labelExtent(text, font).translated(canvas.label),
                                 .width = radius * 0.18,
                                 .colour = palette::mark});
     drawMark(canvas.painter, canvas.mark, radius);
     drawLabel(canvas.painter, {.text = text,
                                .font = font,
-                               .middle = middle,
+                               .middle = canvas.label,
                                .colour = palette::mark,
                                .boxed = true});
 }
@@ -195,7 +203,7 @@ QImage PointPainter::close(const PointSubject& subject) {
     drawView(canvas.painter, stage, closeStrength.outline);
     drawCourse(canvas);
     drawFigure(canvas);
-    canvas.places.keepFree(around(canvas.mark, closeStrength.mark * 1.3));
+    placeLabel(canvas);
     drawNeighbours(canvas);
     drawSubject(canvas);
     return canvas.end();
@@ -208,7 +216,7 @@ QImage PointPainter::region(const PointSubject& subject) {
     canvas.begin(backdrop(stage, pointPictureSize, regionStrength.outline));
     drawCourse(canvas);
     drawFigure(canvas);
-    canvas.places.keepFree(around(canvas.mark, regionStrength.mark * 1.3));
+    placeLabel(canvas);
     drawSubject(canvas);
     return canvas.end();
 }
@@ -219,7 +227,7 @@ QImage PointPainter::body(const PointSubject& subject) {
     Canvas canvas(subject, stage, bodyStrength);
     canvas.begin(backdrop(stage, pointPictureSize, bodyStrength.outline));
     drawCourse(canvas);
-    canvas.places.keepFree(around(canvas.mark, bodyStrength.mark * 1.3));
+    placeLabel(canvas);
     drawSubject(canvas);
     return canvas.end();
 }

@@ -45,6 +45,7 @@ private:
     void drawCourse(Canvas& canvas) const;
     void drawFigure(Canvas& canvas);
     void drawNeighbours(Canvas& canvas) const;
+    void placeLabel(Canvas& canvas) const;
     void drawSubject(Canvas& canvas) const;
 
     const ViewChoice& views_;
