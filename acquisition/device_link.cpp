@@ -55,8 +55,10 @@ DeviceLink::~DeviceLink() {
 }
 
 bool DeviceLink::openForRun() {
-    if (!line_.open(portPath()))
+    if (!line_.open(portPath())) {
+        currentReading = 0;
         return false;
+    }
     configure(numberOfRun);
     beginReading();
     return true;

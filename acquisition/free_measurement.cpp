@@ -29,6 +29,8 @@ FreeMeasurement::FreeMeasurement(FreeMeasurementTab& tab, Session& session, Plat
 }
 
 FreeMeasurement::~FreeMeasurement() {
+    tab_.action.clicked = {};
+    tab_.armLog.clicked = {};
     link_.averaged = {};
     link_.readingCut = {};
 }

@@ -30,7 +30,7 @@ struct FreeMeasurementTab {
 // There is one in a process. It takes over the link's events of readings, of guided runs too.
 class FreeMeasurement {
 public:
-    // Binds the controls. All that is passed must outlive it.
+    // Binds the controls until it goes. All that is passed must outlive it.
     FreeMeasurement(FreeMeasurementTab& tab, Session& session, Platform& platform,
                     DeviceLink& link);
     FreeMeasurement(const FreeMeasurement&) = delete;

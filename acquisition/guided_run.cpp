@@ -120,13 +120,34 @@ void GuidedRun::showLiveValue(const std::string& text) {
     controls_.liveValue.caption = text;
 }
 
-void GuidedRun::play(std::string_view sound, bool wait) {
-    around_.platform.sound.play(under(around_.session.appFolder, sound), wait);
+void GuidedRun::enter(State state) {
+    const bool wasUnderWay = state_ != State::Idle;
+    state_ = state;
+    const bool isUnderWay = state_ != State::Idle;
+    if (isUnderWay != wasUnderWay && around_.underWayChanged)
+        around_.underWayChanged(isUnderWay);
+}
+
+void GuidedRun::play(std::string_view sound) {
+    around_.platform.sound.play(under(around_.session.appFolder, sound), false);
+}
+
+bool GuidedRun::playToItsEnd(std::string_view sound) {
+    const std::uint32_t turn = turn_;
+    around_.platform.sound.play(under(around_.session.appFolder, sound), true);
+    return turn == turn_;
+}
+
+bool GuidedRun::notice(const std::string& text) {
+    const std::uint32_t turn = turn_;
+    around_.platform.dialogs.notice(text);
+    return turn == turn_;
 }
 
 // ---- Actions
 
 void GuidedRun::start() {
+    ++turn_;
     if (!around_.link.openForRun())
         around_.platform.dialogs.message(t(around_.session, "t36"));
     takeStartIndex();
@@ -140,13 +161,16 @@ void GuidedRun::start() {
     around_.link.guidedRunStoppable = true;
     progress_.contactCount = 0;
     peak_ = 0;
-    play(names::startSound, false);
-    preparePoint();
+    play(names::startSound);
+    around_.link.linkAlive = true;
+    beginPoint();
     PointBox& first = controls_.box(1);
     first.window().focus(first);
 }
 
 void GuidedRun::preparePoint() {
+    if (state_ != State::Idle && state_ != State::Measuring)
+        return;
     around_.link.linkAlive = true;
     beginPoint();
 }
@@ -158,21 +182,27 @@ void GuidedRun::beginPoint() {
     around_.link.blinkHold = false;
     controls_.readings.clear();
     around_.link.startActivityBlink();
+    nextPoint_.stop(); // of a single point that was skipped as a run starts
     tick_.start();
+    enter(State::Measuring);
     showState(PointState::Waiting);
 }
 
 // The peak and the lost ticks of the skipped point stay: only losing contact ends them.
 void GuidedRun::skipPoint() {
+    if (state_ != State::Measuring)
+        return;
     attempt([&] {
         currentBox().text = "0";
         currentBox().backColour = BackColour::Green;
     });
     controls_.bar.show(0);
-    leave(); // of two presses, too, only one goes on
+    holdBlinkAndTimers();
+    enter(State::BetweenPoints);
     showState(PointState::Waiting);
-    play(names::twinklesSound, false);
-    around_.platform.dialogs.notice("Data uložena");
+    play(names::twinklesSound);
+    if (!notice("Data uložena"))
+        return;
     around_.link.clearBuffer();
     nextPoint_.start();
 }
@@ -185,11 +215,17 @@ void GuidedRun::stop() {
     controls_.stop.enabled = false;
     around_.link.guidedRunStoppable = false;
     showState(PointState::Idle);
-    play(names::twinklesSound, false);
-    around_.platform.dialogs.notice(t(around_.session, "t37"));
+    play(names::twinklesSound);
+    notice(t(around_.session, "t37"));
 }
 
 void GuidedRun::leave() {
+    ++turn_;
+    holdBlinkAndTimers();
+    enter(State::Idle);
+}
+
+void GuidedRun::holdBlinkAndTimers() {
     around_.link.blinkHold = true;
     tick_.stop();
     nextPoint_.stop();
@@ -217,7 +253,7 @@ void GuidedRun::onContact() {
     if (wasOff_) {
         missedTicks_ = 0;
         wasOff_ = false;
-        play(names::pipSound, false);
+        play(names::pipSound);
     }
     attempt([&] { currentBox().text = decimalText(std::int64_t{shown()}); });
     attempt([&] { controls_.bar.show(shown()); });
@@ -251,6 +287,7 @@ void GuidedRun::onNoContact() {
 
 void GuidedRun::accept() {
     attempt([&] { currentBox().backColour = BackColour::Yellow; });
+    enter(State::BetweenPoints);
     showState(PointState::Done);
     if (runningSequence_ && progress_.currentBox <= lastPlace)
         acceptPeak();
@@ -280,8 +317,7 @@ void GuidedRun::acceptPeak() {
         controls_.bar.show(roundToInt32(numberOfDecimalText(controls_.liveValue.caption.get())));
     });
     around_.link.clearBuffer();
-    play(names::dingdongSound, true);
-    if (!tick_.running()) // stopped while it sounded
+    if (!playToItsEnd(names::dingdongSound))
         return;
     if (progress_.currentBox == lastPlace)
         finishRun();
@@ -290,10 +326,12 @@ void GuidedRun::acceptPeak() {
 }
 
 void GuidedRun::finishRun() {
+    enter(State::Finished);
     showPeak();
     showLastValueOnBar();
-    play(names::twinklesSound, false);
-    around_.platform.dialogs.notice(t(around_.session, "t40"));
+    play(names::twinklesSound);
+    if (!notice(t(around_.session, "t40")))
+        return;
     around_.link.blinkHold = true;
     around_.link.clearBuffer();
     around_.link.stopParser();
@@ -301,7 +339,8 @@ void GuidedRun::finishRun() {
 }
 
 void GuidedRun::goOnAfterNotice() {
-    around_.platform.dialogs.notice(t(around_.session, "t40"));
+    if (!notice(t(around_.session, "t40")))
+        return;
     controls_.readings.clear();
     showLiveValue("0");
     controls_.bar.show(0);
@@ -317,10 +356,11 @@ void GuidedRun::acceptLastValue() {
         currentBox().text = decimalText(std::int64_t{displayValue(around_.session, live)});
     });
     showLastValueOnBar();
-    play(names::twinklesSound, true);
-    around_.platform.dialogs.notice(t(around_.session, "t40"));
+    if (!playToItsEnd(names::twinklesSound) || !notice(t(around_.session, "t40")))
+        return;
     around_.link.blinkHold = true;
     tick_.stop();
+    enter(State::Idle);
 }
 
 void GuidedRun::onNextPoint() {

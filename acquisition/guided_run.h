@@ -85,7 +85,10 @@ public:
         Session& session;
         Platform& platform;
         DeviceLink& link;
-        std::function<void(int box)> showPoint; // pictures and texts of a point
+        // Pictures and texts of a point; without any where there is no such box.
+        std::function<void(int box)> showPoint;
+        // Told as a run or a single point begins and as it is over or stopped.
+        std::function<void(bool underWay)> underWayChanged = {};
     };
 
     // All that is passed must outlive it.
@@ -99,18 +102,29 @@ public:
     // A run from the start index on. A port that does not open is told, and the run goes on.
     void start();
     // The current point from its beginning. Without a start before it, one point alone is measured,
-    // and its last value counts instead of the peak.
+    // and its last value counts instead of the peak. Without effect between two points and after
+    // the last one.
     void preparePoint();
     // The current point counts as 0, whichever box was pressed in; the next one follows, also after
-    // box 24.
+    // box 24. Without effect unless a point is being measured.
     void skipPoint();
     // Closes the port and says so.
     void stop();
     [[nodiscard]] bool stoppable() const { return controls_.stop.enabled; }
+    // Box 24 has ended the run, which was not stopped since.
+    [[nodiscard]] bool finished() const { return state_ == State::Finished; }
     // Ends the timers and holds the blink, as the window closes. The port stays as it is.
     void leave();
 
 private:
+    enum class State : std::uint8_t {
+        Idle,
+        Measuring,     // the tick runs
+        BetweenPoints, // a point was accepted or skipped; the next one or the end follows
+        Finished,      // box 24 was accepted, and the port is still open
+    };
+
+    void enter(State state);
     void takeStartIndex();
     void onTick();
     void onContact();
@@ -126,13 +140,20 @@ private:
     void showLiveValue(const std::string& text);
     void showPeak();
     void showLastValueOnBar();
-    void play(std::string_view sound, bool wait);
+    void holdBlinkAndTimers();
+    void play(std::string_view sound);
+    // Both take time, in which the run can be stopped, and started again: false then, and what
+    // stands behind them belongs to a run that is over.
+    bool playToItsEnd(std::string_view sound);
+    bool notice(const std::string& text);
     [[nodiscard]] PointBox& currentBox() const;
 
     RunControls& controls_;
     Surroundings around_;
     PointProgress& progress_;
 
+    State state_ = State::Idle;
+    std::uint32_t turn_ = 0;       // another one after each start, stop and leave
     bool runningSequence_ = false; // from the first start on
     std::int16_t missedTicks_ = 0; // neither contact alone nor a start takes them back
     bool wasOff_ = false;          // the next contact is heard

@@ -6,10 +6,12 @@
 #include "platform/failure.h"
 #include "platform/text.h"
 
+#include <utility>
+
 namespace vorna {
 
-std::string writeMeasurement(Session& session, const FinishedMeasurement& measurement,
-                             LocalTime now) {
+SavedMeasurement writeMeasurement(Session& session, const FinishedMeasurement& measurement,
+                                  LocalTime now) {
     std::string name =
         formatMeasurementName({.time = now,
                                .kindLetter = kindLetterOfSet(measurement.kindIndex + 1),
@@ -27,8 +29,9 @@ std::string writeMeasurement(Session& session, const FinishedMeasurement& measur
         });
     }
     // The user sees nothing when the file cannot be written: the save is silent as a whole.
-    attempt([&] { writeMeasurementFile(currentClientFile(session, name), record); });
-    return name;
+    const bool stored =
+        attempt([&] { writeMeasurementFile(currentClientFile(session, name), record); });
+    return {.name = std::move(name), .stored = stored};
 }
 
 std::string measurementClipboardText(std::string_view name, const MeasurementRecord& record) {

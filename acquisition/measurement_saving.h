@@ -19,10 +19,15 @@ struct FinishedMeasurement {
     std::string clientLabel;              // surname "_" first name
 };
 
-// Writes the measurement under its name into the current client's folder and returns the name.
+struct SavedMeasurement {
+    std::string name;
+    bool stored = false; // whether the file was written
+};
+
+// Writes the measurement under its name into the current client's folder, over one of that name.
 // What cannot be converted stays 0; a file that cannot be written is passed over without a word.
-std::string writeMeasurement(Session& session, const FinishedMeasurement& measurement,
-                             LocalTime now);
+SavedMeasurement writeMeasurement(Session& session, const FinishedMeasurement& measurement,
+                                  LocalTime now);
 
 // The text that a copy puts on the clipboard: the date and name up to "~", then the 24 stored
 // values in slot order, each behind CR LF.

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace vorna {
 namespace {
@@ -27,7 +28,8 @@ int setOfPosition(int position) {
 MeasurementWizard::MeasurementWizard(WizardContext& context, int sada)
     : Window("pruv1frm"), context_(context), sada_(sada),
       guidedRun_(run, {context.session, context.platform, context.link,
-                       [this](int box) { showPoint(box); }}) {
+                       [this](int box) { showPoint(box); },
+                       [this](bool underWay) { loadSet.enabled = !underWay; }}) {
     loadSet.clicked = [this] { onLoadSet(); };
     run.start.clicked = [this] { onStart(); };
     run.stop.clicked = [this] { guidedRun_.stop(); };
@@ -55,7 +57,7 @@ void MeasurementWizard::load() {
                                  t(context_.session, "t128"), t(context_.session, "t145")};
     attempt([&] { setChooser.choose(chooserPosition(sada_)); });
     guidedRun_.open();
-    onLoadSet();
+    showSet();
 }
 
 void MeasurementWizard::readSize() {
@@ -81,6 +83,11 @@ std::string MeasurementWizard::chooserText() const {
 }
 
 void MeasurementWizard::onLoadSet() {
+    if (loadSet.enabled)
+        showSet();
+}
+
+void MeasurementWizard::showSet() {
     sada_ = setOfPosition(setChooser.index);
     pictureNames_ = findSetPictures(context_.session, sada_);
     showPairs();
@@ -108,10 +115,10 @@ void MeasurementWizard::showPairs() {
 // ---- Points and pictures
 
 void MeasurementWizard::showPoint(int box) {
-    if (run.boxes.at(box) == nullptr)
-        return;
+    const bool hasPictures = run.boxes.at(box) != nullptr;
     shownBox_ = box;
-    point.show(context_.session, sada_, {box, pictureNames_[static_cast<std::size_t>(box)]},
+    point.show(context_.session, sada_,
+               {box, hasPictures ? pictureNames_[static_cast<std::size_t>(box)] : std::string{}},
                context_.largePicture);
 }
 
@@ -131,7 +138,7 @@ const Button* MeasurementWizard::leadingAction() const {
     const auto& boxes = run.boxes.members;
     const bool complete = std::none_of(boxes.begin(), boxes.end(),
                                        [](const auto& box) { return box->text.get().empty(); });
-    if (complete || (started_ && !guidedRun_.stoppable()))
+    if (complete || (started_ && (guidedRun_.finished() || !guidedRun_.stoppable())))
         return &save;
     return run.start.enabled ? &run.start : nullptr;
 }
@@ -146,10 +153,14 @@ void MeasurementWizard::onSave() {
     try {
         measurement.clientLabel = context_.clientLabel();
     } catch (const Failure& failure) { // no client is selected: the save ends here
-        context_.platform.dialogs.message(failure.what());
+        logPassedOver(failure);
+        context_.platform.dialogs.message(t(context_.session, "noClient"));
         return;
     }
-    writeMeasurement(context_.session, measurement, context_.platform.clock.now());
+    SavedMeasurement written =
+        writeMeasurement(context_.session, measurement, context_.platform.clock.now());
+    if (written.stored)
+        storedFile_ = std::move(written.name);
     saved_ = true;
     close();
 }

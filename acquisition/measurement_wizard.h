@@ -18,8 +18,8 @@ struct WizardContext {
     Session& session;
     Platform& platform;
     DeviceLink& link;
-    // Surname "_" first name of the row selected in the client list. Failure when there is none;
-    // its text is then shown to the user.
+    // Surname "_" first name of the selected client. Failure when none is selected, or only a new
+    // one that was not saved yet: then nothing can be saved, and the user is told.
     std::function<std::string()> clientLabel;
     // Refreshes what the main window shows of the client, after the wizard.
     std::function<void()> refreshClient;
@@ -32,7 +32,7 @@ struct MeasurementWizard final : Window {
     MeasurementWizard(WizardContext& context, int sada);
 
     ComboBox setChooser{*this, "Combo1"};
-    Button loadSet{*this, "Command4"};
+    Button loadSet{*this, "Command4"}; // not while a run is under way: its points stay its own
     Button save{*this, "Command3"};
     Frame boxFrame{*this, "Frame1"};
     Label leftHeading{*this, "Label6"}; // hidden, as the right one, for a set of other sides
@@ -51,14 +51,18 @@ struct MeasurementWizard final : Window {
     // Asks when nothing was saved, and stops a run that is under way. Stays open after a no.
     void close() override;
 
-    // The action that leads now: start, or save once all points are there or a run was stopped.
-    // Null while a run is under way.
+    // The action that leads now: save once all 24 boxes are filled or a run came to its end or was
+    // stopped, otherwise start. Null while a run goes on that has boxes to fill.
     [[nodiscard]] const Button* leadingAction() const;
+
+    // The name of the measurement's file, once it was saved and written.
+    [[nodiscard]] const std::optional<std::string>& storedFile() const { return storedFile_; }
 
 private:
     void readSize();
     [[nodiscard]] std::string chooserText() const;
     void onLoadSet();
+    void showSet();
     void showPairs();
     void showPoint(int box);
     void makeLarge(int largePicture);
@@ -67,10 +71,11 @@ private:
 
     WizardContext& context_;
     int sada_;
-    std::array<std::string, slotCount + 1> pictureNames_; // by run place
+    std::array<std::string, slotCount + 1> pictureNames_; // by run place; [0] is empty
     int shownBox_ = 0;                                    // 0: none yet
     bool started_ = false;
     bool saved_ = false;
+    std::optional<std::string> storedFile_;
     GuidedRun guidedRun_;
 };
 

@@ -25,7 +25,7 @@ void tellDevice(ListView& list, Session& session, DeviceSearch& search) {
         tell(t(session, "t6"));
     const std::string number = decimalText(std::int64_t{port.value_or(0)});
     tell(t(session, "t7") + number);
-    // Without a number, too: then the setting names a port that is none.
+    // Without a number, too: then the setting names the first port, which may be another device's.
     attempt([&] {
         WriteIniValue(under(session.dataRoot, names::setup), "global", "port",
                       std::string(portPrefix) + number);

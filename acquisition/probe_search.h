@@ -21,7 +21,8 @@ struct ProbeSettings {
 };
 
 // Looks for the device, tells each step's result in the list, and makes the port that was found the
-// port of the settings (COM0 when none was). A second search does not begin while one waits.
+// port of the settings; COM0, the machine's first port, when none was. A second search does not
+// begin while one waits.
 void findProbe(ProbeSettings& probe, Session& session, DeviceSearch& search);
 
 // Lists the numbers of the machine's serial ports; opening the settings does the same. Writes

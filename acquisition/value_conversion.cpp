@@ -4,7 +4,10 @@
 #include "core/number.h"
 #include "platform/failure.h"
 
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
 
 namespace vorna {
 namespace {
@@ -31,7 +34,11 @@ double calibratedValue(const Session& session, std::int16_t reading) {
 }
 
 std::string liveValueText(double calibrated) {
-    return decimalText(calibrated);
+    std::array<char, 32> buffer{};
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), calibrated,
+                      std::chars_format::general, std::numeric_limits<double>::digits10);
+    return {buffer.data(), result.ptr};
 }
 
 std::int32_t peakOfLiveText(std::string_view text) {

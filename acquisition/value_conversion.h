@@ -18,7 +18,8 @@ bool hasContact(const Session& session, std::int16_t reading);
 // difference leaves 16 bits.
 double calibratedValue(const Session& session, std::int16_t reading);
 
-// The live value of a running point as text: C with all its digits, and a decimal point.
+// The live value of a running point as text: C with a decimal point and all the digits that a
+// double holds for sure, 15 at most.
 std::string liveValueText(double calibrated);
 
 // What a live value's text counts for the peak of its point: a whole number of calibrated units.
@@ -47,8 +48,9 @@ struct LogarithmicSteps {
 };
 LogarithmicSteps logarithmicSteps(const Session& session, std::int32_t linear);
 
-// 1 to 99 between the ends of the scale, rising with L; 0 at L = 0 and again from L = maxhod on,
-// where the display reads as without contact.
+// 100 - whole(q), which rises with L from 0 to 99 at the top of the scale and is negative for a
+// negative L. 0 where q is below 1 as a whole number, which is so from just below L = maxhod on:
+// there the display reads as without contact.
 int logarithmicPercent(const Session& session, std::int32_t linear);
 // The percent and " %".
 std::string logarithmicText(const Session& session, std::int32_t linear);

@@ -35,7 +35,11 @@ void checkFiles(const fs::path& appFolder, Faults& faults) {
           names::pipSound, names::dingdongSound, names::twinklesSound})
         wanted.emplace_back(name);
     for (std::int16_t language = 1; language <= languageCount; ++language)
-        wanted.push_back(names::languageFile(language));
+        for (const std::string& name :
+             {names::languageFile(language), names::flagPicture(language)})
+            wanted.push_back(name);
+    for (const std::string_view mode : {"TCM", "APM"})
+        wanted.push_back(names::modePicture(mode));
     std::error_code error;
     for (const std::string& name : wanted)
         if (!fs::is_regular_file(under(appFolder, name), error))

@@ -6,6 +6,8 @@
 #include "core/file_names.h"
 #include "core/number.h"
 #include "core/settings_file.h"
+#include "exchange/client_export.h"
+#include "exchange/client_import.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "recommendation/recommendation_window.h"
@@ -80,6 +82,25 @@ void bindReports(MainWindow& window, EvaluationContext& evaluation) {
     window.library.printPictures.clicked = [context] { reportPictures(*context); };
 }
 
+void bindExchange(MainWindow& window, const Clients& clients) {
+    const auto bind = [&](Button& button, const std::function<void(ExchangeContext&)>& operation) {
+        button.clicked = [&window, &button, clients, operation] {
+            if (window.work.running())
+                return;
+            applyLanguage(clients->session, window.work);
+            window.work.follow(clients->platform.loop, button.caption, [&] {
+                ExchangeContext context{.clients = *clients, .progress = &window.work};
+                attempt([&] { operation(context); });
+            });
+        };
+    };
+    bind(window.exportClient, [](ExchangeContext& context) { exportClient(context); });
+    bind(window.exportGroup, [](ExchangeContext& context) { exportGroup(context); });
+    bind(window.importClient, [](ExchangeContext& context) { importClient(context); });
+    bind(window.importGroup, [](ExchangeContext& context) { importGroup(context); });
+    bind(window.importFolders, [](ExchangeContext& context) { importFolders(context); });
+}
+
 void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {
     LibraryTab& tab = window.library;
     const auto context = std::make_shared<LibraryContext>(LibraryContext{
@@ -97,6 +118,9 @@ void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {
 }
 
 void bindSettings(MainWindow& window, const Clients& clients, const EndProcess& endProcess) {
+    window.settingsList.clicked = [&window, clients] {
+        openSettingsRow(window, clients->session, window.settingsList.selected, window.showHelp);
+    };
     for (const auto& option : window.languageOptions.members)
         option->clicked = [&window, index = option->index()] { window.clickedLanguage = index; };
     window.savePractitioner.clicked = [&window, clients] {
@@ -138,6 +162,7 @@ void bindMainWindow(MainWindow& window, EvaluationContext& context, const EndPro
     bindMeasurements(window, clients);
     bindCharts(window, context);
     bindReports(window, context);
+    bindExchange(window, clients);
     bindLibraryTab(window, context);
     bindSettings(window, clients, endProcess);
     window.tabs.tabChanged = [&window, &session = context.session] { changeTab(window, session); };

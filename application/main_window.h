@@ -4,6 +4,8 @@
 
 #include "acquisition/free_measurement.h"
 #include "acquisition/probe_search.h"
+#include "application/settings_list.h"
+#include "application/work_window.h"
 #include "clients/client_operations.h"
 #include "clients/knowledge_library.h"
 #include "core/main_tabs.h"
@@ -38,6 +40,8 @@ struct MainWindow final : Window {
     Picture activity{*this, "Image9"}; // blinks while something is measured
 
     ClientListTab clients{*this};
+    Button exportClient{*this, "Command20"};
+    Button importClient{*this, "Command24"};
     ClientCard card{*this};
 
     // Measurements
@@ -64,9 +68,18 @@ struct MainWindow final : Window {
     Button savePractitioner{*this, "Command2"};
     Button anamnesisTemplate{*this, "Command14"};
     Button recommendationTemplate{*this, "Command32"};
+    Button exportGroup{*this, "Command38"};
+    Button importGroup{*this, "Command34"};
+    Button importFolders{*this, "Command35"};
     Button deleteAllData{*this, "Command47"};
     ProbeSettings probe{*this};
     FreeMeasurementTab freeMeasurement{*this};
+    SettingsFrames settings{*this};
+
+    WorkWindow work; // of export and import
+
+    // Shows a help file; empty where nobody can.
+    std::function<void(const std::filesystem::path&)> showHelp;
 
     WindowPlace place;
     // The language button that was clicked in this session, from 0; -1 when none was.

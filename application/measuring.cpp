@@ -6,9 +6,11 @@
 namespace vorna {
 namespace {
 
-std::string selectedClientLabel(const ListView& clients) {
+// While a new client is not saved yet, a row of the list may still be selected, but there is no
+// folder that a measurement could go to.
+std::string selectedClientLabel(const Session& session, const ListView& clients) {
     const ListRow* const row = clients.selectedRow();
-    if (row == nullptr)
+    if (row == nullptr || session.currentClientFolder.empty())
         throw Failure("no client is selected");
     return clientLabel(row->text, subItem(*row, ClientColumn::FirstName));
 }
@@ -16,7 +18,7 @@ std::string selectedClientLabel(const ListView& clients) {
 } // namespace
 
 Measuring::Measuring(MainWindow& window, EvaluationContext& context, ProbeSeams probe)
-    : link_(context.session, context.platform, probe.line, window.activity),
+    : window_(window), link_(context.session, context.platform, probe.line, window.activity),
       freeMeasurement_(window.freeMeasurement, context.session, context.platform, link_),
       calibration_(window.probe.calibrationText,
                    {.session = context.session,
@@ -27,7 +29,10 @@ Measuring::Measuring(MainWindow& window, EvaluationContext& context, ProbeSeams 
       wizard_{.session = context.session,
               .platform = context.platform,
               .link = link_,
-              .clientLabel = [&list = window.clients.list] { return selectedClientLabel(list); },
+              .clientLabel =
+                  [&session = context.session, &list = window.clients.list] {
+                      return selectedClientLabel(session, list);
+                  },
               .refreshClient =
                   [&window, &session = context.session] {
                       fillMeasurementList(session, window.measurements);
@@ -46,6 +51,14 @@ Measuring::Measuring(MainWindow& window, EvaluationContext& context, ProbeSeams 
     window.probe.listPorts.clicked = [&window, &search = probe.search] {
         listPorts(window.probe, search);
     };
+}
+
+Measuring::~Measuring() {
+    for (Button* const button :
+         {&window_.measureSource, &window_.measureTerminal, &window_.measureBiorhythm,
+          &window_.measureEnergy, &window_.probe.calibrate, &window_.probe.findProbe,
+          &window_.probe.listPorts})
+        button->clicked = nullptr;
 }
 
 } // namespace vorna

@@ -23,10 +23,12 @@ public:
     Measuring(MainWindow& window, EvaluationContext& context, ProbeSeams probe);
     Measuring(const Measuring&) = delete;
     Measuring& operator=(const Measuring&) = delete;
+    ~Measuring(); // the controls are bound to nothing then
 
     [[nodiscard]] const DeviceLink& link() const { return link_; }
 
 private:
+    MainWindow& window_;
     DeviceLink link_;
     FreeMeasurement freeMeasurement_;
     Calibration calibration_;

@@ -2,6 +2,7 @@
 
 #include "acquisition/measurement_sets.h"
 #include "application/main_window.h"
+#include "application/picture_check.h"
 #include "core/file_names.h"
 #include "core/reference_database.h"
 #include "evaluation/scoring.h"
@@ -272,6 +273,8 @@ void checkReferences(EvaluationContext& context, const std::filesystem::path& ap
                      const std::filesystem::path& scratch, std::vector<std::string>& faults) {
     Session& session = context.session;
     for (const std::string_view name : {names::referenceTcm, names::referenceApm}) {
+        session.modeFolder =
+            under(appFolder, name == names::referenceTcm ? names::rezimTcm : names::rezimApm);
         const bool opened = attempt([&] {
             copyFileOver(under(appFolder, name), scratch / name);
             session.referenceDb.emplace(scratch / name, referencePassword);
@@ -294,6 +297,8 @@ void checkReferences(EvaluationContext& context, const std::filesystem::path& ap
             if (!ran)
                 reference.fault("the tables cannot be asked");
         }
+        if (!attempt([&] { checkPictures(session, faults); }))
+            faults.push_back(std::string(name) + ": the pictures cannot be asked for");
         session.referenceDb.reset();
     }
 }

@@ -1,11 +1,11 @@
 #include "content/installation.h"
 
 #include "content/client_database.h"
+#include "content/laid_files.h"
 #include "content/reference_builder.h"
 #include "content/sounds.h"
 #include "content/sources.h"
 #include "core/file_names.h"
-#include "platform/text.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -30,23 +30,6 @@ std::set<std::string> filesBelow(const fs::path& folder) {
     return files;
 }
 
-bool isFolder(const fs::path& path) {
-    std::error_code error;
-    return fs::is_directory(path, error);
-}
-
-void makeFolder(const fs::path& path) {
-    std::error_code error;
-    fs::create_directories(path, error);
-    if (!isFolder(path))
-        throw Failure(pathText(path) + ": the folder cannot be made");
-}
-
-bool holdsBytes(const fs::path& file, std::string_view bytes) {
-    std::error_code error;
-    return fs::is_regular_file(file, error) && readWholeFile(file) == bytes;
-}
-
 bool haveSameFiles(const fs::path& a, const fs::path& b) {
     const std::set<std::string> files = filesBelow(a);
     return files == filesBelow(b) && std::all_of(files.begin(), files.end(), [&](const auto& name) {
@@ -57,13 +40,13 @@ bool haveSameFiles(const fs::path& a, const fs::path& b) {
 // Lays files down and keeps their names.
 class Layer {
 public:
-    explicit Layer(const InstallationPlan& plan) : plan_(plan) {}
+    explicit Layer(const InstallationPlan& plan) : plan_(plan), files_(plan.into) {}
 
     void laySources() {
         const fs::path tables = plan_.sources / "tables";
-        makeReferenceDatabase({tables, "tcm"}, place(names::referenceTcm));
-        makeReferenceDatabase({tables, "apm"}, place(names::referenceApm));
-        makeClientDatabase(tables / "klienti.sql", place(names::clients));
+        makeReferenceDatabase({tables, "tcm"}, files_.place(names::referenceTcm));
+        makeReferenceDatabase({tables, "apm"}, files_.place(names::referenceApm));
+        makeClientDatabase(tables / "klienti.sql", files_.place(names::clients));
         for (const std::string_view name : {names::anamnesis, names::recommendation})
             copy(plan_.sources / "templates", name);
         for (const std::string_view name : {names::newk, names::setup, names::user})
@@ -71,7 +54,7 @@ public:
         for (std::int16_t language = 1; language <= languages; ++language)
             copy(plan_.sources / "lang", names::languageFile(language));
         for (const SynthesizedSound& sound : startSounds())
-            write(sound.name, formatWave(sound));
+            files_.write(sound.name, formatWave(sound));
     }
 
     // The starter folder of reports: its page style.
@@ -85,9 +68,9 @@ public:
         for (const std::string& name : filesBelow(sources)) {
             const std::string target = std::string(names::html) + "/" + name;
             if (leave)
-                laid_.insert(target);
+                files_.keep(target);
             else
-                write(target, readSource(sources / name));
+                files_.write(target, readSource(sources / name));
         }
         if (!leave)
             removeMovedAside(movedAside);
@@ -103,43 +86,12 @@ public:
         removeMovedAside(movedAside);
     }
 
-    void removeStaleFiles() const {
-        std::string list;
-        attempt([&] { list = readWholeFile(plan_.list); });
-        for (const std::string_view line : split(list, '\n')) {
-            const fs::path name = fs::path(line).lexically_normal();
-            const bool inside = name.is_relative() && !name.empty() && *name.begin() != "..";
-            if (inside && !laid_.contains(name.generic_string()))
-                removeWithEmptyFolders(name);
-        }
-    }
-
-    void writeList() const {
-        std::string list;
-        for (const std::string& name : laid_)
-            list += name + "\n";
-        naming(plan_.list, [&] { writeFileAtomically(plan_.list, list); });
-    }
+    void removeStaleFiles() const { files_.removeStale(plan_.list); }
+    void writeList() const { files_.writeList(plan_.list); }
 
 private:
-    // The path of a file that is now laid down.
-    fs::path place(std::string_view name) {
-        laid_.insert(std::string(name));
-        fs::path path = plan_.into / name;
-        makeFolder(path.parent_path());
-        return path;
-    }
-
-    void write(std::string_view name, const std::string& bytes) {
-        const fs::path path = place(name);
-        naming(path, [&] {
-            if (!holdsBytes(path, bytes))
-                writeFileAtomically(path, bytes);
-        });
-    }
-
     void copy(const fs::path& folder, std::string_view name) {
-        write(name, readSource(folder / name));
+        files_.write(name, readSource(folder / name));
     }
 
     // The first run moves a starter folder to this name, which must be free for it again.
@@ -150,14 +102,8 @@ private:
             throw Failure(pathText(folder) + ": the folder cannot be removed");
     }
 
-    void removeWithEmptyFolders(const fs::path& name) const {
-        std::error_code error; // a file that stays does no harm, and a folder in use stays
-        for (fs::path path = name; !path.empty(); path = path.parent_path())
-            fs::remove(plan_.into / path, error);
-    }
-
     const InstallationPlan& plan_;
-    std::set<std::string> laid_; // relative to the installation folder
+    LaidFiles files_;
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 // error says what is wrong.
 
 #include "content/installation.h"
+#include "content/pictures/picture_laying.h"
 #include "content/proposal_table.h"
 #include "content/reference_builder.h"
 #include "content/sample_client.h"
@@ -11,6 +12,7 @@
 #include "platform/failure.h"
 
 #include <CLI/CLI.hpp>
+#include <QGuiApplication>
 
 #include <functional>
 #include <iostream>
@@ -54,6 +56,15 @@ void writeProposals(const ProposalPage& page) {
     remove();
 }
 
+// The fonts of the pictures come from Qt, which needs no display for them.
+void drawPictures(const vorna::PicturePlan& plan, char* program) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    int argumentCount = 1;
+    const QGuiApplication application(argumentCount, &program);
+    vorna::layPictures(plan);
+}
+
 } // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -70,6 +81,14 @@ int main(int argumentCount, char** arguments) {
                     "and this one does not");
     lay->add_flag("--as-new", installation.asNew,
                   "lay down again what a first start has moved aside");
+
+    vorna::PicturePlan pictures;
+    CLI::App* const draw = app.add_subcommand("pictures", "draw an installation's pictures");
+    draw->add_option("--sources", pictures.sources, "the folder of the sources")->required();
+    draw->add_option("--into", pictures.into, "the installation folder")->required();
+    draw->add_option("--list", pictures.list,
+                     "keep the names laid down here, and remove what an earlier run laid down "
+                     "and this one does not");
 
     vorna::SampleClientPlan sample;
     CLI::App* const add = app.add_subcommand("sample-client", "add the sample client");
@@ -93,6 +112,8 @@ int main(int argumentCount, char** arguments) {
     return run([&] {
         if (lay->parsed())
             vorna::layInstallation(installation);
+        else if (draw->parsed())
+            drawPictures(pictures, arguments[0]);
         else if (page->parsed())
             writeProposals(proposals);
         else

@@ -10,6 +10,14 @@ std::string helpFile(std::int16_t language) {
     return "VORNAhelp" + std::to_string(language) + ".chm";
 }
 
+std::string flagPicture(std::int16_t language) {
+    return "obr\\flag" + std::to_string(language) + ".png";
+}
+
+std::string modePicture(std::string_view modeName) {
+    return "obr\\mode-" + std::string(modeName) + ".png";
+}
+
 std::string languagePicture(std::string_view stem, std::int16_t language) {
     return "obr2\\lang\\" + std::string(stem) + std::to_string(language) + ".jpg";
 }

@@ -42,6 +42,10 @@ inline constexpr std::string_view twinklesSound = "twinkles.wav";
 std::string languageFile(std::int16_t language); // lang1.ini
 std::string helpFile(std::int16_t language);     // VORNAhelp1.chm
 
+// In the installation folder: the emblems of the main window.
+std::string flagPicture(std::int16_t language);     // obr\flag1.png
+std::string modePicture(std::string_view modeName); // obr\mode-TCM.png, modeName TCM or APM
+
 // In a mode's folder: pictures with words in them, such as hvezdice1.jpg.
 std::string languagePicture(std::string_view stem, std::int16_t language);
 

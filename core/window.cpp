@@ -80,11 +80,13 @@ const ListRow& ListView::row(std::size_t row) const {
 
 void ListView::setRows(std::vector<ListRow> rows) {
     rows_ = std::move(rows);
+    ++rowsVersion_;
     selected = -1;
 }
 
 void ListView::add(ListRow row) {
     rows_.push_back(std::move(row));
+    ++rowsVersion_;
     changed();
 }
 
@@ -99,6 +101,7 @@ void ListView::remove(std::size_t row) {
     if (row >= rows_.size())
         throw Failure("a list has no such row");
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+    ++rowsVersion_;
     selected = -1;
 }
 

@@ -194,6 +194,8 @@ public:
 
     // Null when no row is selected.
     [[nodiscard]] const ListRow* selectedRow() const;
+    // Another number after every change of which rows there are; not after a change within a row.
+    [[nodiscard]] unsigned rowsVersion() const { return rowsVersion_; }
 
     // Fills the columns that take time to know; called once for each row, when it is first looked
     // at. Long lists show a few rows and never pay for the others.
@@ -209,6 +211,7 @@ private:
     void finish(std::size_t row) const;
 
     mutable std::vector<ListRow> rows_;
+    unsigned rowsVersion_ = 0;
 };
 
 // A list whose rows are records, of which one is the current, and which can have buttons in its

@@ -8,10 +8,12 @@
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace vorna {
 
-ProbeProcess::ProbeProcess(const std::filesystem::path& program, double speed) {
+ProbeProcess::ProbeProcess(const std::filesystem::path& program, double speed,
+                           const std::filesystem::path& script) {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0)
         throw Failure("the simulated probe cannot be started");
@@ -20,27 +22,36 @@ ProbeProcess::ProbeProcess(const std::filesystem::path& program, double speed) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    std::string name = program.string();
-    std::string option = "--speed";
-    std::string value = std::to_string(speed);
-    const std::array<char*, 4> arguments{name.data(), option.data(), value.data(), nullptr};
+    std::vector<std::string> words{program.string(), "--speed", std::to_string(speed)};
+    if (!script.empty())
+        words.insert(words.end(), {"--script", script.string()});
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
     const bool started =
-        ::posix_spawn(&process_, name.c_str(), &actions, nullptr, arguments.data(), environ) == 0;
+        ::posix_spawn(&process_, arguments[0], &actions, nullptr, arguments.data(), environ) == 0;
     posix_spawn_file_actions_destroy(&actions);
     ::close(ends[1]);
     char c = 0;
     while (started && ::read(output_, &c, 1) == 1 && c != '\n')
         port_ += c;
     if (port_.empty()) {
+        if (started)
+            end();
         ::close(output_);
         throw Failure("the simulated probe cannot be started");
     }
 }
 
 ProbeProcess::~ProbeProcess() {
+    end();
+    ::close(output_);
+}
+
+void ProbeProcess::end() const {
     ::kill(process_, SIGINT);
     ::waitpid(process_, nullptr, 0);
-    ::close(output_);
 }
 
 } // namespace vorna

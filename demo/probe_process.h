@@ -9,9 +9,10 @@ namespace vorna {
 
 class ProbeProcess {
 public:
-    // Starts the program and reads the path that it prints. Failure when it does not start. The
-    // process ends with the object.
-    ProbeProcess(const std::filesystem::path& program, double speed);
+    // Starts the program, with a script or with its practitioner, and reads the path that it
+    // prints. Failure when it does not start. The process ends with the object.
+    ProbeProcess(const std::filesystem::path& program, double speed,
+                 const std::filesystem::path& script = {});
     ProbeProcess(const ProbeProcess&) = delete;
     ProbeProcess& operator=(const ProbeProcess&) = delete;
     ~ProbeProcess();
@@ -19,6 +20,8 @@ public:
     [[nodiscard]] const std::string& port() const { return port_; }
 
 private:
+    void end() const;
+
     pid_t process_ = -1;
     int output_ = -1;
     std::string port_;

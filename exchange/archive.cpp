@@ -53,7 +53,6 @@ std::string systemErrorText(int error) {
 
 // ---- Adding
 
-constexpr std::uint64_t wholePacking = 1000; // progress counts in thousandths
 constexpr zip_uint32_t compressionLevel = 1; // the files are small; what more would win is little
 
 struct Found {
@@ -95,7 +94,7 @@ int addFile(ArchiveState& state, const Found& file, const std::string& name) {
                      {.file = file.path,
                       .size = static_cast<std::uint64_t>(file.state.st_size),
                       .changed = file.state.st_mtime},
-                     state.trouble);
+                     {.trouble = state.trouble, .packed = state.packed});
     const zip_int64_t index =
         source == nullptr ? -1 : zip_file_add(zip, name.c_str(), source, ZIP_FL_ENC_UTF_8);
     if (index < 0) {
@@ -139,7 +138,8 @@ int nameEntries(ArchiveState& state, const std::vector<Found>& found,
 
 int addEntries(ArchiveState& state, const fs::path& folder, const std::string& prefix,
                bool recursive) {
-    if (!state.goesOn(WorkProgress::Work::Packing, 0, wholePacking))
+    const std::string folderName = pathText(folder.filename());
+    if (!state.goesOn({.name = folderName}))
         return 0;
     std::vector<Found> found;
     std::error_code error;
@@ -163,9 +163,12 @@ int addEntries(ArchiveState& state, const fs::path& folder, const std::string& p
 
 // ---- Writing
 
-void tellProgress(zip_t*, double done, void* state) {
-    static_cast<ArchiveState*>(state)->goesOn(
-        WorkProgress::Work::Packing, static_cast<std::uint64_t>(done * wholePacking), wholePacking);
+void tellProgress(zip_t* zip, double done, void* data) {
+    auto& state = *static_cast<ArchiveState*>(data);
+    const auto total = static_cast<std::uint64_t>(zip_get_num_entries(zip, 0));
+    const std::string name = pathText(state.packed.current.filename());
+    const std::uint64_t begun = state.packed.begun;
+    state.goesOn({.done = done < 1 && begun > 0 ? begun - 1 : begun, .total = total, .name = name});
 }
 
 int askCancelled(zip_t*, void* state) {
@@ -213,8 +216,8 @@ int ArchiveState::failByCancel() {
     return 0;
 }
 
-bool ArchiveState::goesOn(WorkProgress::Work work, std::uint64_t done, std::uint64_t total) {
-    if (progress != nullptr && !cancelled && !progress->goesOn(work, done, total))
+bool ArchiveState::goesOn(const WorkProgress::Step& step) {
+    if (progress != nullptr && !cancelled && !progress->goesOn(step))
         failByCancel();
     return !cancelled;
 }
@@ -259,6 +262,7 @@ int Archive::newArchive(const fs::path& file) {
     state.zip.reset();
     state.file = file;
     state.trouble = {};
+    state.packed = {};
     zip_error_t error;
     zip_error_init(&error);
     zip_source_t* const sink = sinkOfArchive(file, state.trouble);

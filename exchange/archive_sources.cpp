@@ -96,7 +96,8 @@ zip_int64_t answerStat(void* data, std::uint64_t size, const std::time_t* change
 
 class PackedFile final : public Source {
 public:
-    PackedFile(FileToPack file, FileTrouble& trouble) : Source(trouble), file_(std::move(file)) {}
+    PackedFile(FileToPack file, const PackingReport& report)
+        : Source(report.trouble), file_(std::move(file)), packed_(report.packed) {}
 
     zip_int64_t run(void* data, zip_uint64_t length, zip_source_cmd_t command) override {
         switch (command) {
@@ -105,6 +106,8 @@ public:
                    ZIP_SOURCE_MAKE_COMMAND_BITMASK(ZIP_SOURCE_SUPPORTS);
         case ZIP_SOURCE_OPEN:
             left_ = file_.size;
+            ++packed_.begun;
+            packed_.current = file_.file;
             // A file that became a pipe or a link since it was found must not be followed.
             return descriptor_.open(file_.file, O_RDONLY | O_NOFOLLOW | O_NONBLOCK)
                        ? 0
@@ -134,6 +137,7 @@ private:
     }
 
     FileToPack file_;
+    FilesPacked& packed_;
     Descriptor descriptor_;
     std::uint64_t left_ = 0;
 };
@@ -339,8 +343,8 @@ zip_source_t* handOver(std::unique_ptr<Source> source) {
 
 } // namespace
 
-zip_source_t* sourceOfFile(zip_t* archive, FileToPack file, FileTrouble& trouble) {
-    auto source = std::make_unique<PackedFile>(std::move(file), trouble);
+zip_source_t* sourceOfFile(zip_t* archive, FileToPack file, const PackingReport& report) {
+    auto source = std::make_unique<PackedFile>(std::move(file), report);
     zip_source_t* const made = zip_source_function(archive, &Source::call, source.get());
     if (made != nullptr)
         static_cast<void>(source.release());

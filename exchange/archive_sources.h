@@ -24,9 +24,21 @@ struct FileToPack {
     std::time_t changed = 0;
 };
 
+// The files that were opened so far, told by each as it is its turn.
+struct FilesPacked {
+    std::uint64_t begun = 0;
+    std::filesystem::path current;
+};
+
+// What the files of an archive tell; it must outlive the archive.
+struct PackingReport {
+    FileTrouble& trouble;
+    FilesPacked& packed;
+};
+
 // Opened when it is its turn, and never larger than it was when it was found. Null when there is no
-// memory; `trouble` must outlive the archive.
-zip_source_t* sourceOfFile(zip_t* archive, FileToPack file, FileTrouble& trouble);
+// memory.
+zip_source_t* sourceOfFile(zip_t* archive, FileToPack file, const PackingReport& report);
 
 // What may be read of an archive until it stands open: its list of entries is kept in memory, and
 // this is its bound.

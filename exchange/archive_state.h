@@ -25,6 +25,7 @@ struct ArchiveState {
     std::string errorText;
     bool cancelled = false;
     FileTrouble trouble; // the archive refers to it
+    FilesPacked packed;  // likewise
     bool open = false;   // likewise
     std::unique_ptr<zip_t, DiscardArchive> zip;
 
@@ -34,7 +35,7 @@ struct ArchiveState {
     int failOn(const std::filesystem::path& path, std::string_view whatCannotBe, int error);
     int failByCancel();
     // Whether the work goes on; after a false one it has failed.
-    bool goesOn(WorkProgress::Work work, std::uint64_t done, std::uint64_t total);
+    bool goesOn(const WorkProgress::Step& step);
 };
 
 // What libzip says, in plain words.

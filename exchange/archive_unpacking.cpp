@@ -169,9 +169,11 @@ public:
             failOn({}, "folder cannot be opened", errno);
             return -1;
         }
-        for (index_ = 0; index_ < count_; ++index_)
-            if (!state_.goesOn(Work::Unpacking, index_, count_) || unpackEntry() == 0)
+        for (index_ = 0; index_ < count_; ++index_) {
+            name_ = decoder_.decoded(rawName(state_, index_));
+            if (!goesOn() || unpackEntry() == 0)
                 return -1;
+        }
         if (::syncfs(base_) != 0) { // one flush for all of them
             failOn({}, "folder cannot be written", errno);
             return -1;
@@ -184,8 +186,12 @@ private:
         return state_.failOn(folder_ / path, whatCannotBe, error);
     }
 
+    [[nodiscard]] bool goesOn() const {
+        return state_.goesOn(
+            {.work = Work::Unpacking, .done = index_, .total = count_, .name = name_});
+    }
+
     int unpackEntry() {
-        name_ = decoder_.decoded(rawName(state_, index_));
         const EntryPath entry = entryPath(name_);
         const std::size_t slash = entry.path.rfind('/');
         const std::string parent = slash == std::string::npos ? "" : entry.path.substr(0, slash);
@@ -249,7 +255,7 @@ private:
                 return refuse(state_, name_, "is larger than it claims");
             if (!writeAll(file, static_cast<std::size_t>(got)))
                 return failOn(path, "file cannot be written", errno);
-            if (done >= buffer_.size() && !state_.goesOn(Work::Unpacking, index_, count_))
+            if (done >= buffer_.size() && !goesOn())
                 return 0;
         }
         return done == claimed ? 1 : refuse(state_, name_, "is smaller than it claims");

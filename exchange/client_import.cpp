@@ -7,6 +7,7 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace vorna {
 namespace {
@@ -75,8 +76,12 @@ std::optional<fs::path> unpackChosenArchive(ExchangeContext& context) {
     return std::nullopt;
 }
 
+std::string fullName(const KlientDat& card) {
+    return card.value("prijmeni") + " " + card.value("jmeno");
+}
+
 std::string existsQuestion(const Session& session, const KlientDat& card) {
-    return t(session, "t133") + card.value("prijmeni") + " " + card.value("jmeno");
+    return t(session, "t133") + fullName(card);
 }
 
 std::optional<MatchedClient> matchOf(const ListView& list, const KlientDat& card) {
@@ -112,8 +117,19 @@ std::vector<fs::path> subFolders(const fs::path& folder) {
     return folders;
 }
 
-bool goesOn(const ExchangeContext& context, std::size_t done, std::size_t total) {
-    return context.progress == nullptr || context.progress->goesOn(Work::Importing, done, total);
+// The clients in the folders below a folder, one by one, until the user cancels the work.
+void eachClient(const ExchangeContext& context, const fs::path& folder, bool isTemporary,
+                const std::function<void(const ComingClient&)>& act) {
+    const std::vector<fs::path> klist = subFolders(folder);
+    for (std::size_t i = 0; i < klist.size(); ++i) {
+        const ComingClient client = clientIn(klist[i], isTemporary);
+        const std::string name = fullName(client.card);
+        if (context.progress != nullptr &&
+            !context.progress->goesOn(
+                {.work = Work::Importing, .done = i, .total = klist.size(), .name = name}))
+            return;
+        act(client);
+    }
 }
 
 // ---- Folders
@@ -128,9 +144,8 @@ std::optional<std::size_t> refusingRow(const ClientContext& clients, const Klien
     return std::nullopt;
 }
 
-void addFolder(ImportRun& run, const fs::path& folder) {
+void addUnlessRefused(ImportRun& run, const ComingClient& client) {
     const ClientContext& clients = run.context().clients;
-    const ComingClient client = clientIn(folder, false);
     if (const std::optional<std::size_t> row = refusingRow(clients, client.card))
         run.skip(
             std::string(subItem(clients.clients.list.unfinishedRows()[*row], ClientColumn::Intid)));
@@ -170,10 +185,10 @@ ImportedClients importGroup(ExchangeContext& context) {
         return {};
     }
     ImportRun run(context);
-    const std::vector<fs::path> klist = subFolders(*folder);
-    for (std::size_t i = 0; i < klist.size() && goesOn(context, i, klist.size()); ++i)
-        if (const ComingClient client = clientIn(klist[i], true); client.card.exists())
+    eachClient(context, *folder, true, [&](const ComingClient& client) {
+        if (client.card.exists())
             mergeAfterQuestion(run, client);
+    });
     removeImportFolder(context.clients.session);
     return run.results;
 }
@@ -182,7 +197,7 @@ ImportedClients vlozK(ExchangeContext& context, const fs::path& folder) {
     if (folder.empty())
         return {};
     ImportRun run(context);
-    addFolder(run, folder);
+    addUnlessRefused(run, clientIn(folder, false));
     return run.results;
 }
 
@@ -192,9 +207,8 @@ ImportedClients importFolders(ExchangeContext& context) {
     if (chosen.empty())
         return {};
     ImportRun run(context);
-    const std::vector<fs::path> folders = subFolders(chosen);
-    for (std::size_t i = 0; i < folders.size() && goesOn(context, i, folders.size()); ++i)
-        addFolder(run, folders[i]);
+    eachClient(context, chosen, false,
+               [&](const ComingClient& client) { addUnlessRefused(run, client); });
     return run.results;
 }
 

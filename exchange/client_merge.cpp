@@ -165,16 +165,16 @@ void ImportRun::storeOver(const ComingClient& client, const MatchedClient& match
     for (const FileOnItsWay& file : files)
         if (file.to != replaced.front())
             replaced.push_back(file.to);
-    std::erase_if(replaced, [](const fs::path& path) {
-        return isMissing(path) || fs::is_directory(path); // a folder is never replaced
+    std::error_code error;
+    std::erase_if(replaced, [&](const fs::path& path) {
+        return isMissing(path) || fs::is_directory(path, error); // a folder is never replaced
     });
     if (!backup_.begun())
         endBatch(); // the table is copied as it stands in its file
     backup_.keep(match.intid, replaced);
     attempt([&] { updateClient(session, card, match.id); });
     attempt([&] { changeRow(match); });
-    std::error_code error; // a client whose folder was lost
-    fs::create_directory(folder, error);
+    fs::create_directory(folder, error); // for a client whose folder was lost
     takeFiles(client, files);
     attempt([&] { rewriteKlientDat(folder, card, match.intid); });
     attempt([&] {

@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -67,8 +68,13 @@ int run(int count, char** arguments) {
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : 2;
     }
+    if (std::isnan(options.linesPerSecond) || std::isnan(options.speed)) {
+        std::cerr << "vorna-probe: --rate and --speed are numbers\n";
+        return 2;
+    }
     options.link = typed.link;
     options.play = playOf(typed);
+    blockEndingSignals();
     runSimulatedProbe(options, std::cout, std::cerr);
     return 0;
 }
@@ -77,7 +83,6 @@ int run(int count, char** arguments) {
 } // namespace vorna
 
 int main(int count, char** arguments) {
-    vorna::blockEndingSignals();
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // nobody need read what is noted
     try {
         return vorna::run(count, arguments);

@@ -2,7 +2,6 @@
 
 #include "platform/failure.h"
 
-#include <algorithm>
 #include <cmath>
 #include <locale>
 #include <sstream>
@@ -33,6 +32,13 @@ double lengthOf(const Play& play) {
     return length;
 }
 
+int wholeReading(double reading) {
+    const double whole = std::nearbyint(reading);
+    if (!(whole >= 0 && whole <= largestReading))
+        throw Failure("a reading is not within 0 to 9999");
+    return static_cast<int>(whole);
+}
+
 int readingAt(const Play& play, double seconds) {
     const double length = lengthOf(play);
     if (seconds >= length && play.repeatFrom < length)
@@ -46,7 +52,7 @@ int readingAt(const Play& play, double seconds) {
         seconds -= stretch.seconds;
         reading = stretch.to;
     }
-    return static_cast<int>(std::clamp(std::nearbyint(reading), 0.0, double(largestReading)));
+    return wholeReading(reading);
 }
 
 Play parseScript(std::string_view text) {

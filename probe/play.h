@@ -25,6 +25,9 @@ struct Play {
 
 double lengthOf(const Play& play);
 
+// The nearest whole reading, ties to the even one. Failure when the probe cannot read that.
+int wholeReading(double reading);
+
 // The reading at a time in seconds from the start, 0 to largestReading.
 int readingAt(const Play& play, double seconds);
 

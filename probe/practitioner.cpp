@@ -17,7 +17,9 @@ constexpr double fastLevel = 41; // chart units above which a tick counts twice
 constexpr double pauseSeconds = 1.0 + 2.0 + 0.5;
 
 // So long the probe stays off into the next point, which then begins afresh.
-constexpr double offIntoPoint = 1.1;
+constexpr double offIntoPoint = 2.1;
+// So long the probe is held at least beyond what a run needs.
+constexpr double contactMargin = 2.0;
 
 class Practitioner {
 public:
@@ -52,8 +54,8 @@ private:
                 first = point % 8 == 6 ? between(9, 20) : between(30, 58);
                 second = first + between(-4, 4);
             }
-            peaks[point] = static_cast<int>(first * unitsPerChartUnit);
-            peaks[point + 1] = static_cast<int>(second * unitsPerChartUnit);
+            peaks[point] = wholeReading(first * unitsPerChartUnit);
+            peaks[point + 1] = wholeReading(second * unitsPerChartUnit);
         }
     }
 
@@ -86,7 +88,7 @@ private:
         }
         const double needed = secondsNeeded(firstStretch);
         play_.lastPointFrom = begin + needed / 2;
-        const double margin = 1.0 + 0.1 * needed;
+        const double margin = contactMargin + 0.1 * needed;
         touch(begin + needed + margin - lengthOf(play_), level, peak * swing);
         off(pauseSeconds - margin + offIntoPoint + between(0, 0.4));
     }

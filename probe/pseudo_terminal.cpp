@@ -33,8 +33,9 @@ bool PseudoTerminal::hasReader() const {
     return poll(&state, 1, 0) == 0 || (state.revents & POLLHUP) == 0;
 }
 
-void PseudoTerminal::write(std::string_view text) const {
-    [[maybe_unused]] const ssize_t written = ::write(descriptor_, text.data(), text.size());
+std::size_t PseudoTerminal::write(std::string_view text) const {
+    const ssize_t written = ::write(descriptor_, text.data(), text.size());
+    return written > 0 ? static_cast<std::size_t>(written) : 0;
 }
 
 std::string PseudoTerminal::read() const {

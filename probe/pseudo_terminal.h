@@ -1,6 +1,7 @@
 // The device's end of a pseudo-terminal, whose other end a reader opens like a serial port.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -21,8 +22,8 @@ public:
 
     // Whether somebody has the other end open.
     [[nodiscard]] bool hasReader() const;
-    // As on a line without flow control, what the reader has no room for is lost.
-    void write(std::string_view text) const;
+    // How many characters of the text the reader has room for; these are written.
+    [[nodiscard]] std::size_t write(std::string_view text) const;
     // What the reader sent; empty when nothing came.
     [[nodiscard]] std::string read() const;
     // Makes the other end a plain line without echo, and drops what nobody read. Only while there

@@ -22,8 +22,10 @@ using Seconds = std::chrono::duration<double>;
 
 // How often a missing reader is looked for.
 constexpr Seconds readerPause{0.01};
-// A machine that stood still does not make up for more than this.
-constexpr std::int64_t mostLinesAtOnce = 200;
+// A machine that stood still makes up for so many lines, and a slow reader gets so many
+// characters later; the others are lost, as on a line without flow control.
+constexpr std::int64_t mostLinesAtOnce = 5000;
+constexpr std::size_t mostUnsentText = std::size_t{64} << 10U;
 
 sigset_t endingSignals() {
     sigset_t signals;
@@ -84,7 +86,7 @@ public:
 
     void run(const EndingSignals& signals) {
         while (true) {
-            if (!signalled(signals) || leftForGood())
+            if (!waitForNextLine(signals) || leftForGood())
                 return;
             if (began_)
                 printDueLines();
@@ -93,8 +95,8 @@ public:
     }
 
 private:
-    // Waits for the next line's time; false when a signal ends the probe.
-    bool signalled(const EndingSignals& signals) {
+    // Waits for the next line's time, or a little less; false when a signal ends the probe.
+    bool waitForNextLine(const EndingSignals& signals) {
         const Seconds pause =
             began_ ? dueTime(linesPrinted_) - std::chrono::steady_clock::now() : readerPause;
         const auto nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(
@@ -115,17 +117,24 @@ private:
             if (playTime() >= options_.play.lastPointFrom)
                 return true;
             began_.reset();
+            unsentText_.clear();
             terminal_.reset();
         }
         return false;
     }
 
+    // All lines that are due go out together, so that a reader that comes in between sees either
+    // none or all of them.
     void printDueLines() {
-        const auto due = static_cast<std::int64_t>(playTime() * options_.linesPerSecond);
+        using WholeLines = std::chrono::duration<std::int64_t>;
+        const std::int64_t due =
+            std::chrono::floor<WholeLines>(Seconds(playTime() * options_.linesPerSecond)).count();
         linesPrinted_ = std::max(linesPrinted_, due - mostLinesAtOnce);
         for (; linesPrinted_ < due; ++linesPrinted_)
-            terminal_.write(formatReadingLine(readingAt(
-                options_.play, static_cast<double>(linesPrinted_) / options_.linesPerSecond)));
+            if (unsentText_.size() < mostUnsentText)
+                unsentText_ += formatReadingLine(readingAt(
+                    options_.play, static_cast<double>(linesPrinted_) / options_.linesPerSecond));
+        unsentText_.erase(0, terminal_.write(unsentText_));
     }
 
     void noteSentText() {
@@ -150,6 +159,7 @@ private:
     PseudoTerminal terminal_;
     std::optional<SteadyTime> began_; // when the reader came; none while there is none
     std::int64_t linesPrinted_ = 0;
+    std::string unsentText_;
 };
 
 } // namespace

@@ -17,12 +17,14 @@ struct ProbeOptions {
 };
 
 // Prints the pseudo-terminal's path to `out` and plays until SIGINT or SIGTERM, which must be
-// blocked, or until the reader has left after the last point. Each "c" becomes a line of `notes`,
-// with the seconds since the reader came. Failure when there is no pseudo-terminal, or when the
-// link cannot be made: another symbolic link in its place is replaced, anything else is not.
+// blocked, or until the reader has left in the last point or after it. Each "c" becomes a line of
+// `notes`, with the seconds since the reader came. Failure when there is no pseudo-terminal, or
+// when the link cannot be made: another symbolic link in its place is replaced, anything else is
+// not.
 void runSimulatedProbe(const ProbeOptions& options, std::ostream& out, std::ostream& notes);
 
-// So that they end the probe in order: to be called before any thread begins.
+// Blocks SIGINT and SIGTERM, so that they end the probe in order. To be called before any thread
+// begins, and not before what may wait without end, such as reading a file.
 void blockEndingSignals();
 
 } // namespace vorna

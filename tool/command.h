@@ -51,6 +51,8 @@ CommandBody declareWriteDaf(CLI::App& subcommand);
 CommandBody declareEvaluate(CLI::App& subcommand);
 CommandBody declareRecommend(CLI::App& subcommand);
 CommandBody declareReport(CLI::App& subcommand);
+CommandBody declareExport(CLI::App& subcommand);
+CommandBody declareImport(CLI::App& subcommand);
 CommandBody declareRtfToHtml(CLI::App& subcommand);
 CommandBody declareDraw(CLI::App& subcommand);
 CommandBody declareCheck(CLI::App& subcommand);

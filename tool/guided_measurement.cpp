@@ -5,6 +5,8 @@
 #include "tool/command.h"
 
 #include <algorithm>
+#include <deque>
+#include <utility>
 
 namespace vorna {
 namespace {
@@ -14,32 +16,82 @@ using namespace std::chrono_literals;
 // The probe sends all the time, also off the skin: a line that is still for so long is gone. Real
 // time, whatever the clock's speed.
 constexpr auto longestSilence = 10s;
+// So long a fast clock waits for a line that says nothing.
+constexpr auto longestWait = 250ms;
 
-// The line to the port that was named, whatever the settings say.
+using RealClock = std::chrono::steady_clock;
+using RealTime = RealClock::time_point;
+
+// The line to the port that was named, whatever the settings say. A clock that runs faster than
+// real time never runs ahead of the line: it waits for what the device has to say of a moment, and
+// when the machine has kept either of them waiting, the lines that come together are spread over
+// the time in which they were sent.
 class NamedPort final : public SerialLine {
 public:
-    explicit NamedPort(std::string path) : path_(std::move(path)) {
-        line_.received = [this](std::string_view text) {
-            lastReceived_ = std::chrono::steady_clock::now();
-            if (received)
-                received(text);
-        };
+    NamedPort(std::string path, bool isFast) : path_(std::move(path)), isFast_(isFast) {
+        line_.received = [this](std::string_view text) { onReceived(text); };
     }
     bool open(const std::string&) override {
-        lastReceived_ = std::chrono::steady_clock::now();
-        return line_.open(path_);
+        heardUntil_ = RealClock::now();
+        isOpen_ = line_.open(path_);
+        return isOpen_;
     }
     void configure(std::string_view settings) override { line_.configure(settings); }
     void send(std::string_view text) override { line_.send(text); }
-    void close() override { line_.close(); }
-
-    [[nodiscard]] bool isStill() const {
-        return std::chrono::steady_clock::now() - lastReceived_ > longestSilence;
+    void close() override {
+        line_.close();
+        isOpen_ = false;
+        waiting_.clear();
     }
 
+    // Lets the time pass until a moment, and hands on what was sent by then.
+    void passTime(RealTime until) {
+        if (!isFast_ || !isOpen_)
+            return OffscreenQt::letEventsInUntil(until);
+        while (heardUntil_ < until && RealClock::now() < std::max(until, heardUntil_ + longestWait))
+            OffscreenQt::letEventsInUntil(RealClock::now() + 1ms);
+        while (!waiting_.empty() && waiting_.front().sent <= until) {
+            const std::string text = std::move(waiting_.front().text);
+            waiting_.pop_front();
+            handOn(text);
+        }
+    }
+
+    [[nodiscard]] bool isStill() const { return RealClock::now() - heardUntil_ > longestSilence; }
+
 private:
+    struct Piece {
+        RealTime sent;
+        std::string text; // to the end of a line, if it came
+    };
+
+    void onReceived(std::string_view text) {
+        const RealTime now = RealClock::now();
+        if (isFast_)
+            keepPieces(text,
+                       (now - heardUntil_) /
+                           std::max<std::ptrdiff_t>(1, std::count(text.begin(), text.end(), '\n')));
+        else
+            handOn(text);
+        heardUntil_ = now;
+    }
+    void keepPieces(std::string_view text, RealClock::duration pause) {
+        for (RealTime sent = heardUntil_ + pause; !text.empty(); sent += pause) {
+            const std::string_view piece = text.substr(0, text.find('\n') + 1);
+            waiting_.push_back({sent, std::string(piece.empty() ? text : piece)});
+            text.remove_prefix(waiting_.back().text.size());
+        }
+    }
+    void handOn(std::string_view text) const {
+        if (received)
+            received(text);
+    }
+
     std::string path_;
-    std::chrono::steady_clock::time_point lastReceived_;
+    bool isFast_;
+    bool isOpen_ = false;
+    RealTime heardUntil_;
+    std::deque<Piece> waiting_;
     QtSerialLine line_;
 };
 
@@ -56,40 +108,72 @@ public:
 // Sits before the wizard: starts the run, tells its progress, and saves.
 class Operator {
 public:
-    Operator(const GuidedMeasurement& order, ToolProcess& process, const NamedPort& port,
+    Operator(const GuidedMeasurement& order, ToolProcess& process, NamedPort& port,
              const Measuring& measuring)
         : order_(order), process_(process), port_(port), measuring_(measuring) {}
 
     void measure(MeasurementWizard& wizard) {
         wizard.run.startIndex.text = std::to_string(order_.startIndex);
+        process_.loop.setPace(order_.speed,
+                              [&port = port_](RealTime until) { port.passTime(until); });
+        lastProgress_ = RealClock::now();
         wizard.run.start.click();
         if (!measuring_.link().parserRunning())
             throw CannotRun("--port: " + order_.port + " does not open");
         process_.loop.runUntil([&] {
             tellProgress(wizard.run);
-            return port_.isStill() || !measuring_.link().parserRunning();
+            return port_.isStill() || isStuck() || !measuring_.link().parserRunning();
         });
-        if (port_.isStill())
-            throw CannotRun("--port: " + order_.port + " is still; " +
+        if (measuring_.link().parserRunning())
+            throw CannotRun("--port: " + order_.port +
+                            (port_.isStill() ? " is still; " : " shows no further point; ") +
                             std::to_string(wizard.run.boxesDone()) + " points were measured");
         wizard.save.click();
+        storedFile = wizard.storedFile();
     }
 
+    std::optional<std::string> storedFile; // the new measurement's name
+
 private:
+    [[nodiscard]] bool isStuck() const {
+        return std::chrono::duration<double>(RealClock::now() - lastProgress_).count() >
+               order_.patience;
+    }
     void tellProgress(const RunControls& run) {
         const int done = run.boxesDone();
         if (done == toldPoints_)
             return;
         toldPoints_ = done;
+        lastProgress_ = RealClock::now();
         if (order_.pointsChanged)
             order_.pointsChanged(done);
     }
 
     const GuidedMeasurement& order_;
     ToolProcess& process_;
-    const NamedPort& port_;
+    NamedPort& port_;
     const Measuring& measuring_;
     int toldPoints_ = 0;
+    RealTime lastProgress_;
+};
+
+// What the process has of one measurement goes with it, also when it cannot run to its end.
+class Visit {
+public:
+    Visit(ToolProcess& process, std::function<void(Window&)> visit, double speed)
+        : process_(process), speed_(speed) {
+        process_.windows.visit = std::move(visit);
+    }
+    Visit(const Visit&) = delete;
+    Visit& operator=(const Visit&) = delete;
+    ~Visit() {
+        process_.windows.visit = {};
+        process_.loop.setPace(speed_, &OffscreenQt::letEventsInUntil);
+    }
+
+private:
+    ToolProcess& process_;
+    double speed_;
 };
 
 Button& kindButton(MainWindow& window, const std::string& kind) {
@@ -100,15 +184,6 @@ Button& kindButton(MainWindow& window, const std::string& kind) {
     return kind == "B" ? window.measureBiorhythm : window.measureEnergy;
 }
 
-// The measurement that is new in the list; empty when none was stored.
-std::string newMeasurement(const ListView& list, const std::vector<ListRow>& before) {
-    for (const ListRow& row : list.rows())
-        if (std::none_of(before.begin(), before.end(),
-                         [&](const ListRow& old) { return old.tag == row.tag; }))
-            return row.tag;
-    return {};
-}
-
 } // namespace
 
 std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order) {
@@ -116,22 +191,21 @@ std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order) 
     Button& button = kindButton(process.window, order.kind);
     if (!button.visible)
         throw CannotRun("--kind: " + order.kind + " is not measured in this mode");
-    const std::vector<ListRow> before = process.window.measurements.list.rows();
-    NamedPort port(std::filesystem::absolute(order.port).string());
+    NamedPort port(std::filesystem::absolute(order.port).string(), order.speed > 1);
     NoSearch search;
     Measuring measuring(process.window, process.context, {.line = port, .search = search});
     Operator practitioner(order, process, port, measuring);
-    process.windows.visit = [&](Window& window) {
+    const auto visit = [&](Window& window) {
         if (auto* const wizard = dynamic_cast<MeasurementWizard*>(&window))
             practitioner.measure(*wizard);
     };
-    process.loop.setPace(order.speed, &OffscreenQt::letEventsInUntil);
-    button.click();
-    process.windows.visit = {};
-    std::string file = newMeasurement(process.window.measurements.list, before);
-    if (file.empty())
+    {
+        const Visit visiting(process, visit, order.speed);
+        button.click();
+    }
+    if (!practitioner.storedFile)
         throw CannotRun("the measurement could not be stored");
-    return file;
+    return *practitioner.storedFile;
 }
 
 } // namespace vorna

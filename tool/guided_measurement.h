@@ -13,13 +13,15 @@ struct GuidedMeasurement {
     std::string kind; // P, T, B or E
     std::string port; // the serial port's path, whatever the settings say
     int startIndex = 1;
-    double speed = 1;                              // of the clock
-    std::function<void(int points)> pointsChanged; // how many points are measured
+    double speed = 1;     // of the clock; above 1 the device must play as fast
+    double patience = 60; // seconds of real time: longer than this no point may take
+    std::function<void(int points)> pointsChanged; // how many points are measured or skipped
 };
 
-// Measures the selected client and returns the name of the new file in the client's folder. Needs
-// an OffscreenQt. From here on the process's time passes for real. CannotRun when the kind is not
-// measured in the mode, when the port does not open or falls still, and when nothing was stored.
+// Measures the selected client and returns the name of the measurement's file in the client's
+// folder. Needs an OffscreenQt. From the start of the run on the process's time passes for real, at
+// the given speed. CannotRun when the kind is not measured in the mode, when the port does not
+// open, falls still or shows no further point, and when nothing was stored.
 std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order);
 
 } // namespace vorna

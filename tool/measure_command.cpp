@@ -2,6 +2,7 @@
 #include "tool/command.h"
 #include "tool/guided_measurement.h"
 
+#include <cmath>
 #include <iostream>
 
 namespace vorna {
@@ -13,6 +14,8 @@ struct MeasureArguments {
 };
 
 CommandResult run(const MeasureArguments& arguments, const ToolOptions& options) {
+    if (!std::isfinite(arguments.order.patience))
+        throw WrongUsage("--patience: not a number of seconds");
     const OffscreenQt qt;
     ToolProcess process(options);
     process.start();
@@ -43,6 +46,11 @@ CommandBody declareMeasure(CLI::App& subcommand) {
     subcommand.add_option("--port", order.port, "the serial port's path")->required();
     subcommand.add_option("--start-index", order.startIndex, "the first point, from 1")
         ->check(CLI::Range(1, 24));
+    subcommand
+        .add_option("--patience", order.patience,
+                    "gives up once no further point was measured for so many seconds of real time")
+        ->check(CLI::PositiveNumber)
+        ->capture_default_str();
     return [arguments](const ToolOptions& options) { return run(*arguments, options); };
 }
 

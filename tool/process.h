@@ -25,12 +25,6 @@ struct ToolOptions {
     bool pretty = false;
 };
 
-// The folder of the running executable.
-std::filesystem::path executableFolder();
-
-// $XDG_DATA_HOME, or .local/share in the user's home.
-std::filesystem::path commonDataFolder();
-
 class ToolProcess {
 public:
     explicit ToolProcess(const ToolOptions& options);

@@ -5,6 +5,7 @@
 #include "tool/command.h"
 
 #include <array>
+#include <cmath>
 #include <ostream>
 
 namespace vorna {
@@ -29,6 +30,8 @@ constexpr std::array commands{
     CommandEntry{"evaluate", "a press of a chart button", &declareEvaluate},
     CommandEntry{"recommend", "the recommended solution for one problem row", &declareRecommend},
     CommandEntry{"report", "the main report of a client", &declareReport},
+    CommandEntry{"export", "packs one client or all into an archive", &declareExport},
+    CommandEntry{"import", "takes clients in from an archive or from folders", &declareImport},
     CommandEntry{"rtf-to-html", "converts a document as a report does", &declareRtfToHtml},
     CommandEntry{"draw", "draws one chart document", &declareDraw},
     CommandEntry{"check", "holds the installation's content against what the system asks of it",
@@ -61,6 +64,8 @@ void declareCommonOptions(CLI::App& subcommand, ToolOptions& options, TypedOptio
 void readTypedOptions(const TypedOptions& typed, ToolOptions& options) {
     options.appFolder = typed.appFolder;
     options.commonData = typed.commonData;
+    if (!std::isfinite(options.speed))
+        throw WrongUsage("--speed: not a number of times");
     if (typed.now.empty())
         return;
     options.now = parseTime(typed.now);

@@ -32,18 +32,22 @@ std::string RecordingDialogs::input(const std::string& prompt, const std::string
 }
 
 std::filesystem::path RecordingDialogs::chooseFolder(const std::string& title) {
-    shown_.push_back({"question", title, "cancel"});
-    return {};
+    return choose(title);
 }
 
 std::filesystem::path RecordingDialogs::chooseFile(const std::string& title, const std::string&) {
-    shown_.push_back({"question", title, "cancel"});
-    return {};
+    return choose(title);
 }
 
 void RecordingDialogs::notice(const std::string& text) {
     shown_.push_back({"notice", text, std::nullopt});
     loop_.wait(noticeDuration);
+}
+
+std::filesystem::path RecordingDialogs::choose(const std::string& title) {
+    if (chosenPath.empty())
+        shown_.push_back({"question", title, "cancel"});
+    return chosenPath;
 }
 
 std::string RecordingDialogs::nextAnswer() {

@@ -22,8 +22,8 @@ struct ShownMessage {
     std::optional<std::string> answer; // of questions
 };
 
-// Answers questions in the order given; the last answer stays, and without any it is no. Choosers
-// and input boxes are cancelled.
+// Answers questions in the order given; the last answer stays, and without any it is no. Input
+// boxes are cancelled, and so are choosers that have no path to answer with.
 class RecordingDialogs final : public Dialogs {
 public:
     RecordingDialogs(EventLoop& loop, std::vector<std::string> answers)
@@ -38,8 +38,12 @@ public:
 
     [[nodiscard]] const std::vector<ShownMessage>& shown() const { return shown_; }
 
+    // What every chooser answers, of which nothing is recorded then.
+    std::filesystem::path chosenPath;
+
 private:
     std::string nextAnswer();
+    std::filesystem::path choose(const std::string& title);
 
     EventLoop& loop_;
     std::vector<std::string> answers_;

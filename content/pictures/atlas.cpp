@@ -87,7 +87,8 @@ void readPathways(const fs::path& file, AtlasView& view) {
     const TableSource table = readTable(file);
     for (const SourceRow& row : table.rows) {
         const QPainterPath path = parseSvgPath(table.text(row, "path"));
-        if (!view.area().intersects(path.boundingRect()))
+        // A straight course has an empty bound, which meets nothing.
+        if (!view.area().intersects(path.boundingRect().adjusted(-1, -1, 1, 1)))
             failAt(table.placeOf(row), "the pathway lies beside the canvas");
         view.pathways[table.text(row, "meridian")].addPath(path);
     }

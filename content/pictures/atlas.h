@@ -33,9 +33,9 @@ struct PlacedPoint {
 struct AtlasView {
     std::string name;
     QSizeF canvas;
-    std::vector<DrawnShape> drawing; // from back to front
-    std::map<std::string, PlacedPoint> points;      // by pointLong
-    std::map<std::string, QPainterPath> pathways;   // by meridian, from the first point to the last
+    std::vector<DrawnShape> drawing;              // from back to front
+    std::map<std::string, PlacedPoint> points;    // by pointLong
+    std::map<std::string, QPainterPath> pathways; // by meridian, from the first point to the last
     [[nodiscard]] QRectF area() const { return {QPointF(0, 0), canvas}; }
 };
 

@@ -11,7 +11,7 @@ namespace vorna {
 namespace {
 
 constexpr int directions = 16;
-constexpr std::array distances{0.35, 0.9, 1.6, 2.6, 4.0}; // in heights of the label
+constexpr std::array distances{0.25, 0.7, 1.3, 2.1, 3.2, 4.6}; // in heights of the label
 
 double area(const QRectF& rect) {
     return rect.isValid() ? rect.width() * rect.height() : 0;
@@ -60,11 +60,12 @@ QPointF LabelPlaces::take(const Wish& wish) {
     for (const double distance : distances) {
         for (int i = 0; i < directions; ++i) {
             const double degrees = wish.preferred + 360.0 * i / directions;
-            const double length = wish.radius + distance * wish.extent.height() +
-                                  reach(wish.extent, degrees);
+            const double length =
+                wish.radius + distance * wish.extent.height() + reach(wish.extent, degrees);
             const QRectF box =
                 wish.extent.translated(QLineF::fromPolar(length, degrees).translated(wish.at).p2());
-            const double price = cost(box) + 0.25 * turn(degrees, wish.preferred) + 0.5 * distance;
+            const double price = cost(box) + 0.25 * turn(degrees, wish.preferred) + 0.5 * distance +
+                                 0.3 * std::abs(QLineF::fromPolar(1, degrees).dy());
             if (price < least) {
                 least = price;
                 best = box;

@@ -20,7 +20,8 @@ public:
 
     // The middle for a label of the given extent round the origin, near `at` but outside `radius`
     // round it, where it covers least; `preferred` is the direction in degrees, counter-clockwise
-    // from the right, that wins among equals. The place counts as taken from then on.
+    // from the right, that wins among equals, with a liking for what stands beside the place. The
+    // place counts as taken from then on.
     struct Wish {
         QPointF at;
         double radius = 0;
@@ -29,9 +30,11 @@ public:
     };
     QPointF take(const Wish& wish);
 
-private:
+    // How much a box would cover of what is taken, of what is to be avoided, and of the
+    // surroundings of the room; 0 when nothing.
     [[nodiscard]] double cost(const QRectF& box) const;
 
+private:
     QRectF room_;
     std::vector<QRectF> taken_;
     std::vector<QPointF> avoided_;

@@ -6,7 +6,6 @@
 #include <QLineF>
 
 #include <algorithm>
-#include <vector>
 
 namespace vorna {
 namespace {
@@ -94,8 +93,10 @@ void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle
         const int arrows = static_cast<int>(length / style.arrowEvery);
         for (int i = 0; i < arrows; ++i) {
             const double share = piece.percentAtLength(length * (i + 0.5) / arrows);
-            painter.drawPath(arrowHead(piece.pointAtPercent(share), piece.angleAtPercent(share),
-                                       style.width * 4.2));
+            const QPointF at = piece.pointAtPercent(share);
+            if (std::none_of(style.clear.begin(), style.clear.end(),
+                             [&](const QRectF& area) { return area.contains(at); }))
+                painter.drawPath(arrowHead(at, piece.angleAtPercent(share), style.width * 4.2));
         }
     }
 }
@@ -113,7 +114,7 @@ void drawArrow(QPainter& painter, const QPainterPath& path, const PathwayStyle& 
     painter.drawPath(arrowHead(tip, degrees, length));
 }
 
-QRectF labelExtent(const QString& text, const QFont& font) {
+QRectF boxedExtent(const QString& text, const QFont& font) {
     const QFontMetricsF metrics(font);
     const double margin = metrics.height() * 0.18;
     QRectF extent(0, 0, metrics.horizontalAdvance(text) + 2.4 * margin,
@@ -122,16 +123,23 @@ QRectF labelExtent(const QString& text, const QFont& font) {
     return extent;
 }
 
+QRectF bareExtent(const QString& text, const QFont& font) {
+    const QFontMetricsF metrics(font);
+    QRectF extent(0, 0, metrics.horizontalAdvance(text) + 4, metrics.capHeight() + 6);
+    extent.moveCenter({0, 0});
+    return extent;
+}
+
 void drawLabel(QPainter& painter, const Label& label) {
-    const QRectF box = labelExtent(label.text, label.font).translated(label.middle);
     if (label.boxed) {
+        const QRectF box = boxedExtent(label.text, label.font).translated(label.middle);
         painter.setPen(QPen(label.colour, box.height() * 0.05));
         painter.setBrush(palette::paper);
         painter.drawRoundedRect(box, box.height() * 0.2, box.height() * 0.2);
     }
     const QFontMetricsF metrics(label.font);
     const QPointF base(label.middle.x() - metrics.horizontalAdvance(label.text) / 2,
-                       label.middle.y() + (metrics.ascent() - metrics.descent()) / 2);
+                       label.middle.y() + metrics.capHeight() / 2);
     QPainterPath letters;
     letters.addText(base, label.font, label.text);
     if (!label.boxed) {

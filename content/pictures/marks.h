@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <QString>
 
+#include <vector>
+
 namespace vorna {
 
 // The font of all pictures, of the given height.
@@ -21,6 +23,7 @@ struct PathwayStyle {
     double width = 5;
     double arrowEvery = 0; // length of way between two arrows; 0: no arrows
     QColor colour;
+    std::vector<QRectF> clear = {}; // no arrow here, where marks stand
 };
 // A calm line, with arrows in the direction from its first point to its last.
 void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle& style);
@@ -28,8 +31,9 @@ void drawPathway(QPainter& painter, const QPainterPath& path, const PathwayStyle
 // A line with a head at its end.
 void drawArrow(QPainter& painter, const QPainterPath& path, const PathwayStyle& style);
 
-// The extent of a label round the origin.
-QRectF labelExtent(const QString& text, const QFont& font);
+// The extent of a label round the origin: with room for a box, or close round its letters.
+QRectF boxedExtent(const QString& text, const QFont& font);
+QRectF bareExtent(const QString& text, const QFont& font);
 
 struct Label {
     QString text;

@@ -14,6 +14,7 @@ namespace {
 constexpr QSize figureSize{132, 316};
 constexpr double figureMargin = 12;
 constexpr double figureOutline = 1.6;
+constexpr double neighbourRadius = 9;
 
 // How strongly the parts of a picture are drawn, in pixels.
 struct Strength {
@@ -39,18 +40,30 @@ QRectF around(const QPointF& at, double radius) {
     return {at.x() - radius, at.y() - radius, 2 * radius, 2 * radius};
 }
 
-// The corner for the small figure: the one farthest from the mark, rather below than above.
-QRectF figureRoom(const QPointF& mark) {
+// The corner for the small figure: where it covers least, rather below than above, rather on the
+// side away from the mark.
+QRectF figureRoom(const QPointF& mark, const LabelPlaces& places) {
     const QSizeF size(figureSize.width() + 2 * figureMargin,
                       figureSize.height() + 2 * figureMargin);
-    QRectF room(QPointF(0, 0), size);
     const QRectF inside = picture().adjusted(14, 14, -14, -14);
-    const bool left = mark.x() > picture().center().x();
-    room.moveBottomLeft(left ? inside.bottomLeft()
-                             : QPointF(inside.right() - size.width(), inside.bottom()));
-    if (room.adjusted(-90, -90, 90, 90).contains(mark))
-        room.moveTop(inside.top());
-    return room;
+    constexpr double nearMark = 100;
+    QRectF best;
+    double least = 0;
+    for (const bool above : {false, true})
+        for (const bool left : {false, true}) {
+            const QRectF room(left ? inside.left() : inside.right() - size.width(),
+                              above ? inside.top() : inside.bottom() - size.height(), size.width(),
+                              size.height());
+            const bool sameSide = left == (mark.x() < picture().center().x());
+            const double price =
+                places.cost(room) + (above ? 1.5 : 0) + (sameSide ? 1 : 0) +
+                (room.adjusted(-nearMark, -nearMark, nearMark, nearMark).contains(mark) ? 50 : 0);
+            if (best.isNull() || price < least) {
+                best = room;
+                least = price;
+            }
+        }
+    return best;
 }
 
 } // namespace
@@ -65,9 +78,9 @@ struct PointPainter::Canvas {
         painter.begin(&image);
         painter.setRenderHint(QPainter::Antialiasing);
     }
-    QImage end() {
+    PointPicture end() {
         painter.end();
-        return std::move(image);
+        return {.image = std::move(image), .mark = mark, .label = label};
     }
 
     const PointSubject& subject;
@@ -75,7 +88,13 @@ struct PointPainter::Canvas {
     const Strength& strength;
     const QPointF mark;
     LabelPlaces places;
-    QPointF label; // its middle
+    QRectF label;  // the box of the subject's label
+    QRectF figure; // the small figure's box
+    struct Neighbour {
+        QPointF at;
+        QString label;
+    };
+    std::vector<Neighbour> neighbours;
     QImage image;
     QPainter painter;
 };
@@ -103,18 +122,23 @@ void PointPainter::drawCourse(Canvas& canvas) const {
     if (found == pathways.end())
         return;
     const QPainterPath course = canvas.stage.transform().map(found->second);
+    std::vector<QRectF> clear{around(canvas.mark, canvas.strength.mark * 2.2)};
+    for (const Canvas::Neighbour& neighbour : canvas.neighbours)
+        clear.push_back(around(neighbour.at, neighbourRadius * 2.6));
     canvas.painter.save();
     canvas.painter.setClipRect(canvas.stage.target);
     drawPathway(canvas.painter, course,
                 {.width = canvas.strength.pathway,
                  .arrowEvery = canvas.strength.arrowEvery,
-                 .colour = palette::accent});
+                 .colour = palette::accent,
+                 .clear = std::move(clear)});
     canvas.painter.restore();
     canvas.places.avoid(course);
 }
 
 void PointPainter::drawFigure(Canvas& canvas) {
-    const QRectF room = figureRoom(canvas.mark);
+    const QRectF room = figureRoom(canvas.mark, canvas.places);
+    canvas.figure = room;
     canvas.places.keepFree(room);
     QPainter& painter = canvas.painter;
     painter.setPen(QPen(palette::line, 2));
@@ -128,32 +152,32 @@ void PointPainter::drawFigure(Canvas& canvas) {
     drawDot(painter, corner + stage.place(canvas.subject.pointLong), 8, palette::mark);
 }
 
-void PointPainter::drawNeighbours(Canvas& canvas) const {
-    struct Neighbour {
-        QPointF at;
-        QString label;
-    };
-    constexpr double dot = 9;
+void PointPainter::findNeighbours(Canvas& canvas) const {
     constexpr double farEnough = 24;
     const QRectF room = canvas.stage.target.adjusted(20, 20, -20, -20);
-    std::vector<Neighbour> neighbours;
     for (const auto& [pointLong, place] : canvas.stage.view.points) {
         const QPointF at = canvas.stage.map(place.at);
-        if (meridianOf(pointLong) == meridianOf(canvas.subject.pointLong) &&
-            pointLong != canvas.subject.pointLong && room.contains(at) &&
-            QLineF(at, canvas.mark).length() > canvas.strength.mark + farEnough)
-            neighbours.push_back({at, labelOf(pointLong)});
+        if (meridianOf(pointLong) != meridianOf(canvas.subject.pointLong) ||
+            pointLong == canvas.subject.pointLong || !room.contains(at) ||
+            QLineF(at, canvas.mark).length() <= canvas.strength.mark + farEnough)
+            continue;
+        canvas.neighbours.push_back({at, labelOf(pointLong)});
+        canvas.places.keepFree(around(at, neighbourRadius * 1.5));
     }
-    for (const Neighbour& neighbour : neighbours) {
-        drawDot(canvas.painter, neighbour.at, dot, palette::accent);
-        canvas.places.keepFree(around(neighbour.at, dot * 1.5));
-    }
-    const QFont font = pictureFont(26, false);
-    for (const Neighbour& neighbour : neighbours) {
+}
+
+void PointPainter::drawNeighbours(Canvas& canvas) const {
+    std::erase_if(canvas.neighbours, [&](const Canvas::Neighbour& neighbour) {
+        return canvas.figure.adjusted(-20, -20, 20, 20).contains(neighbour.at);
+    });
+    for (const Canvas::Neighbour& neighbour : canvas.neighbours)
+        drawDot(canvas.painter, neighbour.at, neighbourRadius, palette::accent);
+    const QFont font = pictureFont(28, false);
+    for (const Canvas::Neighbour& neighbour : canvas.neighbours) {
         const QPointF middle = canvas.places.take({.at = neighbour.at,
-                                                   .radius = dot * 1.5,
-                                                   .extent = labelExtent(neighbour.label, font),
-                                                   .preferred = 15});
+                                                   .radius = neighbourRadius * 1.5,
+                                                   .extent = bareExtent(neighbour.label, font),
+                                                   .preferred = 0});
         drawLabel(canvas.painter, {.text = neighbour.label,
                                    .font = font,
                                    .middle = middle,
@@ -167,11 +191,11 @@ void PointPainter::placeLabel(Canvas& canvas) const {
     canvas.places.keepFree(around(canvas.mark, radius * 1.3));
     const QFont font = pictureFont(canvas.strength.label, true);
     const bool leftHalf = canvas.mark.x() < picture().center().x();
-    canvas.label =
-        canvas.places.take({.at = canvas.mark,
-                            .radius = radius * 2.1,
-                            .extent = labelExtent(labelOf(canvas.subject.pointLong), font),
-                            .preferred = leftHalf ? 30.0 : 150.0});
+    const QRectF extent = boxedExtent(labelOf(canvas.subject.pointLong), font);
+    canvas.label = extent.translated(canvas.places.take({.at = canvas.mark,
+                                                         .radius = radius * 2.1,
+                                                         .extent = extent,
+                                                         .preferred = leftHalf ? 30.0 : 150.0}));
 }
 
 void PointPainter::drawSubject(Canvas& canvas) const {
@@ -180,18 +204,18 @@ void PointPainter::drawSubject(Canvas& canvas) const {
     const QFont font = pictureFont(canvas.strength.label, true);
     drawLeader(canvas.painter, {.from = canvas.mark,
                                 .radius = radius * 1.25,
-                                .to = labelExtent(text, font).translated(canvas.label),
+                                .to = canvas.label,
                                 .width = radius * 0.18,
                                 .colour = palette::mark});
     drawMark(canvas.painter, canvas.mark, radius);
     drawLabel(canvas.painter, {.text = text,
                                .font = font,
-                               .middle = canvas.label,
+                               .middle = canvas.label.center(),
                                .colour = palette::mark,
                                .boxed = true});
 }
 
-QImage PointPainter::close(const PointSubject& subject) {
+PointPicture PointPainter::close(const PointSubject& subject) {
     const AtlasView& view = views_.viewOf(subject.pointLong, ViewUse::Close);
     const Surroundings surroundings{.at = view.points.at(subject.pointLong).at,
                                     .width = views_.closeWidth(view)};
@@ -201,6 +225,7 @@ QImage PointPainter::close(const PointSubject& subject) {
     paper.fill(palette::paper);
     canvas.begin(std::move(paper));
     drawView(canvas.painter, stage, closeStrength.outline);
+    findNeighbours(canvas);
     drawCourse(canvas);
     drawFigure(canvas);
     placeLabel(canvas);
@@ -209,7 +234,7 @@ QImage PointPainter::close(const PointSubject& subject) {
     return canvas.end();
 }
 
-QImage PointPainter::region(const PointSubject& subject) {
+PointPicture PointPainter::region(const PointSubject& subject) {
     const AtlasView& view = views_.viewOf(subject.pointLong, ViewUse::Region);
     const Stage stage = wholeView(view, picture(), subject.right);
     Canvas canvas(subject, stage, regionStrength);
@@ -221,7 +246,7 @@ QImage PointPainter::region(const PointSubject& subject) {
     return canvas.end();
 }
 
-QImage PointPainter::body(const PointSubject& subject) {
+PointPicture PointPainter::body(const PointSubject& subject) {
     const AtlasView& view = views_.viewOf(subject.pointLong, ViewUse::Body);
     const Stage stage = wholeView(view, picture().adjusted(0, 12, 0, -12), subject.right);
     Canvas canvas(subject, stage, bodyStrength);

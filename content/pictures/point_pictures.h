@@ -1,7 +1,8 @@
-// The pictures of one point: close up, in its region, on the whole body. Each shows the drawing, the
-// pathway, the mark and its label; the right side is the mirror image with the text unmirrored.
+// The pictures of one point: close up, in its region, on the whole body. Each shows the drawing,
+// the pathway, the mark and its label; the right side is the mirror image with the text unmirrored.
 #pragma once
 
+#include "content/pictures/stage.h"
 #include "content/pictures/view_choice.h"
 
 #include <QImage>
@@ -24,6 +25,12 @@ struct PointSubject {
 // Short names of the pathways ("LU"), by meridian.
 using PathwayCodes = std::map<std::string, std::string>;
 
+struct PointPicture {
+    QImage image;
+    QPointF mark; // its middle, on the image
+    QRectF label; // the box of the point's label
+};
+
 class PointPainter {
 public:
     // All must outlive the painter. A painter serves one thread.
@@ -31,11 +38,11 @@ public:
         : views_(views), codes_(codes) {}
 
     // The surroundings, with the neighbours on the pathway and a small figure.
-    [[nodiscard]] QImage close(const PointSubject& subject);
+    [[nodiscard]] PointPicture close(const PointSubject& subject);
     // The whole limb, trunk or head, with a small figure.
-    [[nodiscard]] QImage region(const PointSubject& subject);
+    [[nodiscard]] PointPicture region(const PointSubject& subject);
     // The whole figure.
-    [[nodiscard]] QImage body(const PointSubject& subject);
+    [[nodiscard]] PointPicture body(const PointSubject& subject);
 
 private:
     struct Canvas;
@@ -44,6 +51,7 @@ private:
     const QImage& backdrop(const Stage& stage, const QSize& size, double outline);
     void drawCourse(Canvas& canvas) const;
     void drawFigure(Canvas& canvas);
+    void findNeighbours(Canvas& canvas) const;
     void drawNeighbours(Canvas& canvas) const;
     void placeLabel(Canvas& canvas) const;
     void drawSubject(Canvas& canvas) const;

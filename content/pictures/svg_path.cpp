@@ -68,7 +68,7 @@ QPainterPath parseSvgPath(std::string_view data) {
     while (!reader.atEnd()) {
         const char command = reader.command();
         if (std::string_view("MLCZ").find(command) == std::string_view::npos ||
-            (path.isEmpty() && command != 'M'))
+            (path.elementCount() == 0 && command != 'M'))
             throw Failure(std::string("an unexpected '") + command + "' in the path data");
         if (command == 'Z') {
             path.closeSubpath();

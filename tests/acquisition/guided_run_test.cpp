@@ -87,10 +87,12 @@ TEST_F(GuidedRunTest, TheProbePictureBlinksWhileAPointRuns) {
 
 TEST_F(GuidedRunTest, APortThatDoesNotOpenIsToldAndTheRunWaits) {
     desk.line.opens = false;
+    desk.link.currentReading = 900; // of a run before
     wizard.run.start.click();
     EXPECT_THAT(desk.takeShown(), ElementsAre("message: t36"));
-    lift(3);
+    desk.pass(3 * tickMs);
     EXPECT_EQ(box(1).backColour, BackColour::Red);
+    EXPECT_EQ(box(1).text.get(), "");
     EXPECT_TRUE(run.stop.enabled);
 }
 
@@ -118,7 +120,7 @@ TEST_F(GuidedRunTest, ContactShowsTheReadingOnItsWay) {
     EXPECT_EQ(box(1).text.get(), "44");
     EXPECT_EQ(box(1).backColour, BackColour::Yellow);
     EXPECT_EQ(run.bar.value, 44);
-    EXPECT_THAT(run.liveValue.caption.get(), ::testing::StartsWith("1324.4"));
+    EXPECT_EQ(run.liveValue.caption.get(), "1324.4");
     EXPECT_THAT(desk.sounds.take(), ElementsAre("pip"));
     EXPECT_EQ(run.progress.state, PointState::Contact);
     EXPECT_TRUE(run.holdProbe.visible);
@@ -471,6 +473,76 @@ TEST_F(GuidedRunTest, StopBetweenTwoPointsMeasuresNoFurtherOne) {
     touch(900, 50); // the last reading stands after the port is closed
     EXPECT_EQ(current(), 1);
     EXPECT_EQ(box(13).text.get(), "");
+}
+
+TEST_F(GuidedRunTest, EnterAndSTARTActOnlyWhereThereIsAPoint) {
+    const auto press = [&] {
+        box(1).enterPressed();
+        run.preparePoint.click();
+    };
+    box(1).enterPressed();
+    EXPECT_EQ(box(1).text.get(), "") << "nothing is measured yet";
+    run.startIndex.text = "12";
+    wizard.run.start.click();
+    lift(2);
+    touch(900, 41);
+    desk.sounds.whenHeard = [&](const std::string&) { press(); };
+    desk.pass(tickMs + 1000 + 2000 + 100);
+    desk.sounds.whenHeard = {};
+    EXPECT_EQ(box(12).text.get(), "30") << "under the bell nothing is skipped";
+    press(); // in the pause
+    EXPECT_EQ(box(12).text.get(), "30");
+    EXPECT_EQ(run.progress.state, PointState::Done);
+    desk.pass(400);
+    ASSERT_EQ(current(), 24);
+    touch(900, 41);
+    goOn();
+    press(); // after the end
+    touch(1200, 5);
+    EXPECT_EQ(box(24).text.get(), "30");
+    EXPECT_EQ(box(24).backColour, BackColour::Yellow);
+    EXPECT_EQ(current(), 24);
+    run.stop.click();
+    box(1).enterPressed();
+    EXPECT_EQ(box(24).text.get(), "30");
+    EXPECT_THAT(desk.takeShown(), ElementsAre("notice: t40", "notice: t40", "notice: t37"));
+    run.preparePoint.click();
+    EXPECT_EQ(run.progress.state, PointState::Waiting) << "a single point is measured anew";
+}
+
+TEST_F(GuidedRunTest, WhatASoundInterruptedIsNotGoneOnWith) {
+    struct Case {
+        const char* rule;
+        Button& begin;
+        const char* sound;
+    };
+    const Case cases[] = {
+        {"a single point", run.preparePoint, "twinkles"}, // before any start
+        {"a point of a run", run.start, "dingdong"},
+    };
+    for (const Case& c : cases) {
+        c.begin.click();
+        lift(2);
+        touch(900, 41);
+        desk.sounds.whenHeard = [&](const std::string& name) {
+            if (name != c.sound)
+                return;
+            desk.sounds.whenHeard = {};
+            run.stop.click();
+            run.startIndex.text = "7";
+            run.start.click();
+        };
+        desk.pass(tickMs);
+        desk.pass(5000);
+        EXPECT_THAT(desk.takeShown(), ElementsAre("notice: t37")) << c.rule;
+        EXPECT_EQ(current(), 7) << c.rule;
+        lift(2);
+        touch(900, 1);
+        EXPECT_EQ(box(7).text.get(), "30") << c.rule << ": the new run goes on";
+        run.stop.click();
+        desk.takeShown();
+        run.startIndex.text = "1";
+    }
 }
 
 TEST_F(GuidedRunTest, AStopInTheMiddleOfASoundIsTheEnd) {

@@ -20,8 +20,9 @@ protected:
         return result;
     }
     MeasurementRecord saved(const FinishedMeasurement& finished) {
-        const std::string name = writeMeasurement(session, finished, platform.clock.now());
-        return readMeasurement(currentClientFile(session, name));
+        const SavedMeasurement written = writeMeasurement(session, finished, platform.clock.now());
+        EXPECT_TRUE(written.stored);
+        return readMeasurement(currentClientFile(session, written.name));
     }
     std::vector<std::string> files() {
         return listFiles(session.clientsFolder / session.currentClientFolder, "*");
@@ -36,7 +37,7 @@ TEST_F(MeasurementSavingTest, TheNameCarriesWhatTheRecordDoesNot) {
     FinishedMeasurement finished = measurement();
     finished.kindIndex = 2; // the chooser was changed behind the run of set 1
     session.mode = modeApm;
-    EXPECT_EQ(writeMeasurement(session, finished, platform.clock.now()),
+    EXPECT_EQ(writeMeasurement(session, finished, platform.clock.now()).name,
               "250131143005_B_Žák_Jan~Dvořák^A.daf");
     EXPECT_EQ(files(), std::vector<std::string>{"250131143005_B_Žák_Jan~Dvořák^A.daf"});
 }
@@ -84,23 +85,23 @@ TEST_F(MeasurementSavingTest, ABoxIsStoredTimesTheCoefficientOrStays0) {
 
 TEST_F(MeasurementSavingTest, AFileThatCannotBeWrittenIsPassedOverWithoutAWord) {
     const auto save = [&](const FinishedMeasurement& finished) {
-        return writeMeasurement(session, finished, platform.clock.now());
+        return writeMeasurement(session, finished, platform.clock.now()).stored;
     };
     for (const char* const label : {"Žák?_Jan", "Žák/_Jan", "Žák_\"Jan\"", "Žák\\_Jan"}) {
         FinishedMeasurement finished = measurement();
         finished.clientLabel = label;
-        EXPECT_NO_THROW(save(finished)) << label;
+        EXPECT_FALSE(save(finished)) << label;
     }
     FinishedMeasurement finished = measurement();
     finished.setLabel = std::string(203, 'x');
-    EXPECT_NO_THROW(save(finished)) << "the label is too long";
+    EXPECT_FALSE(save(finished)) << "the label is too long";
     {
         const FullDisk disk(299);
-        EXPECT_NO_THROW(save(measurement())) << "the disk is full";
+        EXPECT_FALSE(save(measurement())) << "the disk is full";
     }
     EXPECT_EQ(files(), std::vector<std::string>{});
     session.currentClientFolder = "gone";
-    EXPECT_NO_THROW(save(measurement())) << "the folder is gone";
+    EXPECT_FALSE(save(measurement())) << "the folder is gone";
     session.currentClientFolder = "a82654,5";
     session.referenceDb.reset();
     EXPECT_EQ(saved(measurement()).values, MeasurementRecord{}.values) << "no database";
@@ -122,7 +123,7 @@ TEST_F(MeasurementSavingTest, ACopyIsTextOnTheClipboard) {
     for (const auto& [name, head] : heads)
         EXPECT_EQ(measurementClipboardText(name, record), head + values);
 
-    const std::string name = writeMeasurement(session, measurement(), platform.clock.now());
+    const std::string name = writeMeasurement(session, measurement(), platform.clock.now()).name;
     copyMeasurementToClipboard(session, platform.platform, name);
     ASSERT_EQ(platform.clipboard.texts.size(), 1U);
     EXPECT_TRUE(platform.clipboard.texts[0].starts_with("250131 14:3005_P_Žák_Jan\r\n210\r\n0"));

@@ -125,6 +125,13 @@ TEST_F(MeasurementWizardTest, APointShowsItsPicturesAndAClickMakesOneLarge) {
         wizard.run.boxes.at(2)->clicked();
         EXPECT_THAT(places(wizard), ElementsAre("", "", "")) << "no picture";
         EXPECT_EQ(wizard.point.chineseName.text.get(), "");
+        wizard.run.boxes.at(5)->clicked();
+        wizard.run.startIndex.text = "25";
+        wizard.run.start.click();
+        EXPECT_THAT(places(wizard), ElementsAre("", "", "")) << "there is no such point";
+        EXPECT_EQ(wizard.point.pointLabel.caption.get(), "");
+        EXPECT_EQ(wizard.point.description.text.get(), "");
+        wizard.run.stop.click();
     }
     MeasurementWizard wizard(context, setP);
     wizard.load();
@@ -161,7 +168,7 @@ TEST_F(MeasurementWizardTest, WithoutAClientASaveEndsWithAMessage) {
     MeasurementWizard wizard(context, setP);
     wizard.load();
     wizard.save.click();
-    EXPECT_THAT(desk.takeShown(), ElementsAre("message: no client is selected"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre("message: noClient"));
     EXPECT_FALSE(wizard.closed());
     wizard.close();
     EXPECT_THAT(desk.takeShown(), ElementsAre("question: t38 | POZOR")) << "nothing was saved";
@@ -178,6 +185,42 @@ TEST_F(MeasurementWizardTest, ASaveThatCannotBeWrittenClosesWithoutAWord) {
     }
     EXPECT_THAT(desk.takeShown(), IsEmpty());
     EXPECT_THAT(desk.clientFiles(), IsEmpty());
+}
+
+TEST_F(MeasurementWizardTest, ASetIsNotChangedUnderARun) {
+    MeasurementWizard wizard(context, setP);
+    wizard.load();
+    const auto loadOther = [&](int position) {
+        wizard.setChooser.choose(position);
+        wizard.loadSet.click();
+        return wizard.caption();
+    };
+    wizard.run.start.click();
+    EXPECT_FALSE(wizard.loadSet.enabled);
+    EXPECT_EQ(loadOther(1), "t126") << "the points that are measured are of its set";
+    wizard.run.stop.click();
+    EXPECT_EQ(loadOther(1), "t127");
+    wizard.run.preparePoint.click();
+    EXPECT_EQ(loadOther(2), "t127") << "nor under a single point";
+    desk.session.dobamer = 0;
+    desk.link.currentReading = 900;
+    desk.pass(400 + 1000 + 2000 + 500);
+}
+
+TEST_F(MeasurementWizardTest, TwoSavesInOneSecondAreOneFileWhoseNameIsTold) {
+    for (int time = 0; time < 2; ++time) {
+        MeasurementWizard wizard(context, setP);
+        wizard.load();
+        EXPECT_EQ(wizard.storedFile(), std::nullopt);
+        wizard.save.click();
+        EXPECT_EQ(wizard.storedFile(), "250131143005_P_Žák_Jan~Dvořák^T.daf");
+    }
+    MeasurementWizard wizard(context, setP);
+    wizard.load();
+    const FullDisk disk(150);
+    wizard.save.click();
+    EXPECT_EQ(wizard.storedFile(), std::nullopt) << "the older file of that name is not its own";
+    EXPECT_EQ(desk.clientFiles().size(), 1U);
 }
 
 TEST_F(MeasurementWizardTest, ClosingAsksAndStops) {
@@ -215,6 +258,15 @@ TEST_F(MeasurementWizardTest, SaveLeadsOnceAllPointsAreThereOrTheRunWasStopped) 
     for (const auto& box : wizard.run.boxes.members)
         box->text = "5";
     EXPECT_EQ(wizard.leadingAction(), &wizard.save);
+    wizard.run.stop.click();
+    desk.session.dobamer = 0;
+    wizard.run.boxes.at(1)->text = "";
+    wizard.run.startIndex.text = "24";
+    wizard.run.start.click();
+    EXPECT_EQ(wizard.leadingAction(), nullptr);
+    desk.link.currentReading = 900;
+    desk.pass(400 + 1000 + 2000);
+    EXPECT_EQ(wizard.leadingAction(), &wizard.save) << "the run has come to its end";
 }
 
 // The kernel kills the process after the first half of the record.

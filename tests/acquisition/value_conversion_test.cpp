@@ -61,6 +61,9 @@ TEST(ValueConversion, WhatDoesNotFitFails) {
 TEST(ValueConversion, APeakIsWholeUnitsOfTheLiveText) {
     EXPECT_EQ(liveValueText(2994.4), "2994.4");
     EXPECT_EQ(liveValueText(1234), "1234");
+    EXPECT_EQ(liveValueText(2.0999999999999996), "2.1") << "not the digits of its binary form";
+    EXPECT_EQ(liveValueText(21464909.09), "21464909.09");
+    EXPECT_EQ(liveValueText(-0.5), "-0.5");
     EXPECT_EQ(peakOfLiveText("2994.4"), 2994);
     EXPECT_EQ(peakOfLiveText("0.5"), 0);
     EXPECT_EQ(peakOfLiveText("1.5"), 2);

@@ -112,6 +112,39 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
                                      "empty")));
 }
 
+TEST_F(InstallationCheckTest, FaultyPicturesAreFound) {
+    // The copy's pictures are a link to those of the build.
+    const fs::path shipped = fs::canonical(app / "rezim");
+    fs::remove(app / "rezim");
+    fs::copy(shipped, app / "rezim",
+             fs::copy_options::recursive | fs::copy_options::create_hard_links);
+    const auto replace = [&](const char* name, const std::string& bytes) {
+        fs::remove(app / "rezim" / name);
+        if (!bytes.empty())
+            writeFileAtomically(app / "rezim" / name, bytes);
+    };
+    const std::string whole = readWholeFile(shipped / "tcm/obr2/01090F.jpg");
+    std::string small = whole;
+    const std::size_t frame = small.find("\xFF\xC2");
+    ASSERT_NE(frame, std::string::npos);
+    small.replace(frame + 5, 4, std::string("\x00\x10\x00\x10", 4));
+    replace("tcm/obr2/01091K.jpg", "");
+    replace("tcm/obr2/01100F.jpg", whole.substr(0, whole.size() / 2));
+    replace("apm/obr2/M05apm-0.jpg", "no picture");
+    replace("apm/obr2/lang/tomek-jang4.jpg", small);
+    replace("tcm/sady/1/pic/3/01110109.jpg", "");
+    replace("apm/sady/4/pic/1/01410101.jpg", "");
+    fs::remove(app / "obr/flag3.png");
+    EXPECT_THAT(check(), ::testing::UnorderedElementsAre(
+                             "the file obr\\flag3.png is missing",
+                             "the picture tcm\\obr2\\01091K*.jpg is missing",
+                             "the picture tcm\\obr2\\01100F.jpg has 0 by 0 pixels",
+                             "the picture tcm\\sady\\1\\pic\\3\\01110109.jpg is missing",
+                             "the picture apm\\obr2\\M05apm-0.jpg has 0 by 0 pixels",
+                             "the picture apm\\sady\\4\\pic\\1\\0141* is missing",
+                             "the picture apm\\obr2\\lang\\tomek-jang4.jpg has 16 by 16 pixels"));
+}
+
 TEST_F(InstallationCheckTest, AnEmptyFolderIsOneLongListOfFaults) {
     fs::remove_all(app);
     fs::create_directories(app);

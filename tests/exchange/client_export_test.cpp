@@ -11,9 +11,10 @@ namespace {
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsSupersetOf;
 using testing::StartsWith;
 
-constexpr const char* chooser = "folder:  | where to";
+constexpr const char* folderChooser = "folder:  | where to";
 
 // What an archive holds.
 Tree contentOf(const ExchangeDesk& desk, const std::string& archive) {
@@ -37,7 +38,8 @@ TEST(ClientExport, TheFolderOfTheSelectedClientGoesIntoAnArchiveOfItsName) {
     desk.seams.dialogs.paths = {desk.place.folder / "out"};
     const fs::path archive = exportClient(desk.exchange);
     EXPECT_EQ(archive, desk.place.folder / "out/Žižka_Jan.zip");
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser, "message: exported : " + pathText(archive)));
+    EXPECT_THAT(desk.takeShown(),
+                ElementsAre(folderChooser, "message: exported : " + pathText(archive)));
     EXPECT_EQ(contentOf(desk, "out/Žižka_Jan.zip"), treeOf(desk.folderOf("a2")));
     EXPECT_EQ(treeOf(desk.place.session.dataRoot), before) << "nothing else changes";
     EXPECT_EQ(desk.place.session.currentClientFolder, "a2");
@@ -51,9 +53,9 @@ TEST(ClientExport, AllClientsOrNobodySelectedIsTheWholeFolder) {
     const Tree all = treeOf(desk.place.session.clientsFolder);
     desk.seams.dialogs.paths = {desk.place.folder / "out", desk.place.folder / "out"};
     exportGroup(desk.exchange);
-    EXPECT_THAT(desk.takeShown(),
-                ElementsAre(chooser, "message: all exported : " +
-                                         pathText(desk.place.folder / "out/VornaExport.zip")));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(folderChooser, "message: all exported : " +
+                                                                 pathText(desk.place.folder /
+                                                                          "out/VornaExport.zip")));
     EXPECT_EQ(contentOf(desk, "out/VornaExport.zip"), all);
     exportClient(desk.exchange);
     EXPECT_EQ(contentOf(desk, "out/_.zip"), all);
@@ -64,7 +66,7 @@ TEST(ClientExport, NothingToAddIsSilentAndTheOlderArchiveIsGone) {
     desk.place.folder.write("out/VornaExport.zip", "an older export");
     desk.seams.dialogs.paths = {desk.place.folder / "out"};
     EXPECT_EQ(exportGroup(desk.exchange), fs::path{});
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(folderChooser));
     EXPECT_TRUE(fs::is_empty(desk.place.folder / "out"));
 }
 
@@ -102,8 +104,8 @@ TEST(ClientExport, FailuresAreToldAndLeaveNothing) {
         const Tree before = treeOf(desk.place.folder.path());
         desk.seams.dialogs.paths = {desk.place.folder / "out"};
         EXPECT_EQ(exportClient(desk.exchange), fs::path{}) << c.rule;
-        EXPECT_THAT(desk.takeShown(),
-                    ElementsAre(chooser, AllOf(StartsWith("message: The "), HasSubstr(c.told))))
+        EXPECT_THAT(desk.takeShown(), ElementsAre(folderChooser, AllOf(StartsWith("message: The "),
+                                                                       HasSubstr(c.told))))
             << c.rule;
         EXPECT_EQ(treeOf(desk.place.folder.path()), before) << c.rule;
     }
@@ -117,14 +119,16 @@ TEST(ClientExport, ACancelledChooserLeavesTheRootOfTheFileSystem) {
         const FullDisk disk(0); // the root itself is left alone
         exportClient(desk.exchange);
     }
-    EXPECT_THAT(desk.takeShown(),
-                ElementsAre(chooser, StartsWith("message: The archive \"/Novák_Jan.zip\" cannot")));
+    EXPECT_THAT(
+        desk.takeShown(),
+        ElementsAre(folderChooser, StartsWith("message: The archive \"/Novák_Jan.zip\" cannot")));
 }
 
 TEST(ClientExport, ACancelledExportLeavesNoArchiveAndSaysNothing) {
     ExchangeDesk desk;
     desk.addClient("Novák", "a1", {"250131143005_P_N.daf", "D250101.rtf"});
     int calls = 0;
+    Texts steps;
     for (fs::path archive; archive.empty() && calls < 100; ++calls) {
         CancelAfter progress(calls);
         desk.exchange.progress = &progress;
@@ -133,8 +137,11 @@ TEST(ClientExport, ACancelledExportLeavesNoArchiveAndSaysNothing) {
         EXPECT_FALSE(progress.wrong);
         EXPECT_EQ(fs::is_empty(desk.place.folder / "out"), archive.empty());
         EXPECT_EQ(desk.takeShown().size(), archive.empty() ? 1U : 2U);
+        steps = progress.steps;
     }
     EXPECT_GT(calls, 3);
+    EXPECT_THAT(steps, IsSupersetOf({"0/0 a1", "0/3 250131143005_P_N.daf", "1/3 D250101.rtf",
+                                     "3/3 klient.dat"}));
 }
 
 } // namespace

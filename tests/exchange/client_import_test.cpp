@@ -33,7 +33,7 @@ TEST(ClientImport, ANewClientIsMadeByDrivingTheCard) {
     EXPECT_THAT(desk.importOne(zizka), ElementsAre(firstIntid + std::string(" new")));
     EXPECT_EQ(desk.seams.clock.now() - begin, std::chrono::milliseconds{4200})
         << "two turns of the card and two notices";
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser, "notice: saved", "notice: imported"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "notice: saved", "notice: imported"));
     EXPECT_THAT(tabs, ElementsAre("1", "2"));
 
     EXPECT_EQ(desk.column("Žižka", "intid"), firstIntid);
@@ -87,14 +87,14 @@ TEST(ClientImport, AnExistingClientIsOverwrittenAfterTheQuestionAndLiesInTheBack
     const LocalTime begin = desk.seams.clock.now();
 
     EXPECT_THAT(desk.importOne(zizka), ElementsAre("a2 skipped"));
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser, "question: again? Žižka Jan"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "question: again? Žižka Jan"));
     EXPECT_TRUE(desk.hasImportFolder()) << "the answer Cancel leaves it";
     EXPECT_EQ(readWholeFile(desk.folderOf("a2") / "klient.dat"), klientDat);
     EXPECT_EQ(desk.card.surname.text.get(), "Adam");
 
     EXPECT_THAT(desk.importOne(zizka, {true}), ElementsAre("a2 overwritten"));
     EXPECT_THAT(desk.takeShown(),
-                ElementsAre(chooser, "question: again? Žižka Jan", "notice: imported"));
+                ElementsAre(fileChooser, "question: again? Žižka Jan", "notice: imported"));
     EXPECT_EQ(desk.seams.clock.now() - begin, std::chrono::milliseconds{2000});
     EXPECT_FALSE(desk.hasImportFolder());
     EXPECT_EQ(desk.tabs.selected, 0);
@@ -164,7 +164,7 @@ TEST(ClientImport, WithoutABackupNothingIsOverwritten) {
     EXPECT_THAT(desk.importOne(zizka, {true}), ElementsAre("a1 skipped"));
     removeImportFolder(desk.place.session);
     EXPECT_EQ(treeOf(desk.place.session.dataRoot), before);
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser, "question: again? Žižka Jan"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "question: again? Žižka Jan"));
 }
 
 // ---- Which archive is which
@@ -203,14 +203,14 @@ TEST(ClientImport, WhatIsNoSuchArchiveChangesNobody) {
             << c.rule;
         const Texts shown = desk.takeShown();
         ASSERT_EQ(shown.size(), c.told == nullptr ? 1U : 2U) << c.rule;
-        EXPECT_THAT(shown.back(), HasSubstr(c.told == nullptr ? chooser : c.told)) << c.rule;
+        EXPECT_THAT(shown.back(), HasSubstr(c.told == nullptr ? fileChooser : c.told)) << c.rule;
         EXPECT_EQ(desk.hasImportFolder(), c.leavesFolder) << c.rule;
         removeImportFolder(desk.place.session);
         EXPECT_EQ(treeOf(desk.place.session.dataRoot), before) << c.rule;
     }
     ImportDesk desk;
     EXPECT_TRUE(importClient(desk.exchange).empty()) << "the chooser was cancelled";
-    EXPECT_THAT(desk.takeShown(), ElementsAre(chooser));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser));
 }
 
 // ---- What harms nobody

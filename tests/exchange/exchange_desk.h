@@ -29,12 +29,15 @@ inline Tree treeOf(const fs::path& folder) {
 // Cancels at a given call.
 struct CancelAfter final : WorkProgress {
     explicit CancelAfter(int calls) : left(calls) {}
-    bool goesOn(Work, std::uint64_t done, std::uint64_t total) override {
-        wrong = wrong || done > total;
+    bool goesOn(const Step& step) override {
+        wrong = wrong || step.done > step.total;
+        steps.push_back(std::to_string(step.done) + "/" + std::to_string(step.total) + " " +
+                        std::string(step.name));
         return left-- > 0;
     }
     int left;
     bool wrong = false;
+    std::vector<std::string> steps; // "3/12 name"
 };
 
 struct ExchangeDesk : ClientDesk {

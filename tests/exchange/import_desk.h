@@ -11,7 +11,7 @@
 
 namespace vorna {
 
-inline constexpr const char* chooser = "file: archives (*.zip)|*.zip";
+inline constexpr const char* fileChooser = "file: archives (*.zip)|*.zip";
 inline constexpr const char* measurement = "241224180000_P_Zizka_Jan~D^T.daf";
 
 inline std::string klientDatOf(const std::string& prijmeni, const std::string& jmeno,

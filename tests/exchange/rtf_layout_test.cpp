@@ -3,7 +3,7 @@
 namespace vorna {
 namespace {
 
-struct Case {
+struct LayoutCase {
     const char* rule;
     std::string rtf;
     const char* html;
@@ -15,7 +15,7 @@ constexpr const char* tables =
     "{\\colortbl;\\red0\\green0\\blue0;\\red255\\green0\\blue0;\\red1\\green2\\blue300;}";
 
 TEST(RtfLayout, LettersLook) {
-    const Case cases[] = {
+    const LayoutCase cases[] = {
         {"bold, italic, underlined, struck out", "\\b a\\i b\\ul c\\strike d",
          "<b>a</b><b><i>b</i></b><b><i><u>c</u></i></b><b><i><u><s>d</s></u></i></b>"},
         {"switched off", "\\b a\\b0 b\\ul c\\ulnone d\\uldb e\\ul0 f",
@@ -41,12 +41,12 @@ TEST(RtfLayout, LettersLook) {
          "<span style=\"font-variant:small-caps\">b</span>"},
         {"equal looks join", "{\\b a}{\\b b}", "<b>ab</b>"},
     };
-    for (const Case& c : cases)
+    for (const LayoutCase& c : cases)
         EXPECT_EQ(shownText(tables + c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfLayout, ParagraphsLook) {
-    const Case cases[] = {
+    const LayoutCase cases[] = {
         {"alignment", "\\qc a", "margin:0 0 0 0;text-align:center;font-size:12pt"},
         {"indents", "\\li720\\ri360\\fi-360 a",
          "margin:0 18pt 0 36pt;text-indent:-18pt;font-size:12pt"},
@@ -74,7 +74,7 @@ TEST(RtfLayout, ParagraphsLook) {
         {"from right to left", "\\rtlpar\\ql a",
          "margin:0 0 0 0;direction:rtl;text-align:left;font-size:12pt"},
     };
-    for (const Case& c : cases)
+    for (const LayoutCase& c : cases)
         EXPECT_NE(pageOf("{\\rtf1" + (tables + c.rtf) + "}")
                       .find("<p style=\"" + std::string(c.html) + "\">a</p>"),
                   std::string::npos)
@@ -82,7 +82,7 @@ TEST(RtfLayout, ParagraphsLook) {
 }
 
 TEST(RtfLayout, ParagraphsFollowEachOther) {
-    const Case cases[] = {
+    const LayoutCase cases[] = {
         {"an empty one has its height", "\\fs20 a\\par\\par b",
          "<p style=\"margin:0 0 0 0;font-size:10pt\">a</p>"
          "<p style=\"margin:0 0 0 0;font-size:10pt\">&#160;</p>"
@@ -109,7 +109,7 @@ TEST(RtfLayout, ParagraphsFollowEachOther) {
          "<p>a</p><p style=\"margin:0 0 0 0;font-size:12pt;page-break-before:always\">b</p>"
          "<p>c</p>"},
     };
-    for (const Case& c : cases)
+    for (const LayoutCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), c.html) << c.rule;
 }
 

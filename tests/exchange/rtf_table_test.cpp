@@ -12,12 +12,12 @@ std::string table(std::string_view rtf) {
     return html;
 }
 
-struct Case {
+struct TableCase {
     const char *rule, *rtf, *html;
 };
 
 TEST(RtfTable, RowsAndCells) {
-    const Case cases[] = {
+    const TableCase cases[] = {
         {"one row", "\\trowd\\cellx1000\\cellx3000\\intbl a\\cell b\\cell\\row",
          "<table style=\"width:150pt\"><colgroup><col style=\"width:33.33%\"/>"
          "<col style=\"width:66.66%\"/></colgroup><tbody>"
@@ -63,12 +63,12 @@ TEST(RtfTable, RowsAndCells) {
          "<table style=\"width:50pt\"><colgroup><col style=\"width:100%\"/></colgroup><tbody>"
          "<tr><td><p>a</p></td></tr></tbody></table>"},
     };
-    for (const Case& c : cases)
+    for (const TableCase& c : cases)
         EXPECT_EQ(table(c.rtf), c.html) << c.rule;
 }
 
 TEST(RtfTable, BrokenTablesLoseNoText) {
-    const Case cases[] = {
+    const TableCase cases[] = {
         {"cells without a definition", "\\intbl a\\cell b\\cell\\row",
          "<table style=\"width:144pt\"><colgroup><col style=\"width:50%\"/>"
          "<col style=\"width:50%\"/></colgroup><tbody>"
@@ -86,7 +86,7 @@ TEST(RtfTable, BrokenTablesLoseNoText) {
          "<col style=\"width:1.47%\"/></colgroup><tbody>"
          "<tr><td><p>a</p></td><td><p>b</p></td></tr></tbody></table>"},
     };
-    for (const Case& c : cases)
+    for (const TableCase& c : cases)
         EXPECT_EQ(table(c.rtf), c.html) << c.rule;
     const std::string deep = table("\\intbl\\itap50 a\\nestcell\\nestrow");
     EXPECT_EQ(rtf_page::count(deep, "<table"), 1U) << "no tables around nothing";

@@ -4,7 +4,7 @@
 namespace vorna {
 namespace {
 
-struct Case {
+struct TextCase {
     const char* rule;
     std::string rtf;
     const char* html;
@@ -16,7 +16,7 @@ TEST(RtfText, BytesAreReadInTheCodePageOfTheirFont) {
         "{\\f2\\fcharset161 Arial;}{\\f3\\fcharset162 Arial;}{\\f4\\fcharset186 Arial;}"
         "{\\f5\\fcharset0 Arial;}{\\f6\\fcharset1 Arial;}{\\f7 Arial CYR;}"
         "{\\f8\\fcharset0 Arial CE;}{\\f9\\fcharset128 Arial;}{\\f10\\cpg1251 Arial;}}";
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"Czech", "\\f0 \\'9elu\\'9dou\\'e8k\\'fd", "žluťoučký"},
         {"as raw bytes", "\\f0 \x9Elu\x9D", "žluť"},
         {"Russian", "\\f1 \\'cf\\'ee\\'ea\\'ee\\'e9", "Покой"},
@@ -32,12 +32,12 @@ TEST(RtfText, BytesAreReadInTheCodePageOfTheirFont) {
         {"changes in the middle", "\\f0 \\'e8\\f1 \\'e8\\f0 \\'e8", "čиč"},
         {"a group gives the font back", "\\f0 {\\f1 \\'e8}\\'e8", "иč"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(fonts + c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfText, ADocumentNamesItsCodePageOrItsLanguage) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"Windows-1250", "\\ansi\\ansicpg1250 \\'e8", "č"},
         {"Windows-1251", "\\ansi\\ansicpg1251 \\'e8", "и"},
         {"UTF-8", "\\ansi\\ansicpg65001 \xC4\x8D", "č"},
@@ -47,12 +47,12 @@ TEST(RtfText, ADocumentNamesItsCodePageOrItsLanguage) {
         {"the old DOS one", "\\pc \\'9b", "¢"},
         {"an unknown one", "\\ansicpg31337 \\'e8", "è"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shown("{\\rtf1" + c.rtf + "}"), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfText, UnicodeTakesThePlaceOfItsFallback) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"one character behind it", "\\u269?x", "čx"},
         {"a blank ends the number", "\\u269 ?x", "čx"},
         {"a hexadecimal one", "\\u269\\'e8x", "čx"},
@@ -75,12 +75,12 @@ TEST(RtfText, UnicodeTakesThePlaceOfItsFallback) {
         {"control characters", "a\\u0?\\u1?\\u127?\\u133?b", "ab"},
         {"line ends", "a\\u10?b\\u8232?c", "a<br/>b<br/>c"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfText, SignsAndBlanks) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"braces and backslash", "\\{a\\}\\\\", "{a}\\"},
         {"what a page would take as its own", "<b>&amp;\"'", "&lt;b&gt;&amp;amp;\"'"},
         {"a body's tag", "</body><body>", "&lt;/body&gt;&lt;body&gt;"},
@@ -107,12 +107,12 @@ TEST(RtfText, SignsAndBlanks) {
          "{\\fonttbl{\\f3\\fcharset2 Symbol;}}\\f3\\u-3913?\\u-3999?", "•α"},
         {"private codes without a font", "\\u-3913?", "•"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfText, WhatNoPageShowsIsLeftOut) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"tables of the file", "{\\fonttbl{\\f0 A;}}{\\colortbl;\\red1;}{\\stylesheet{\\s1 S;}}x",
          "x"},
         {"properties", "{\\info{\\title T}{\\author A}}x", "x"},
@@ -128,12 +128,12 @@ TEST(RtfText, WhatNoPageShowsIsLeftOut) {
         {"what stands behind the document", "x}y{\\b z}", "x"},
         {"data", "a\\bin5 }}}}}b", "ab"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
 }
 
 TEST(RtfText, FootnotesAndTextBoxesStayInTheirPlace) {
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"footnote", "a{\\super\\chftn{\\footnote\\pard\\plain{\\super\\chftn} b\\par c\\par}}d",
          "<p>a [b<br/>c]d</p>"},
         {"empty footnote", "a{\\footnote \\par}b", "<p>ab</p>"},
@@ -146,7 +146,7 @@ TEST(RtfText, FootnotesAndTextBoxesStayInTheirPlace) {
         {"cells in it end nothing", "a{\\footnote b\\cell\\row\\page\\sect c}d",
          "<p>a [b<br/>c]d</p>"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), c.html) << c.rule;
 }
 
@@ -154,7 +154,7 @@ TEST(RtfText, OnlySafeLinksLeadAnywhere) {
     const auto field = [](const std::string& instruction) {
         return "{\\field{\\*\\fldinst{" + instruction + "}}{\\fldrslt{x}}}y";
     };
-    const Case cases[] = {
+    const TextCase cases[] = {
         {"in quotes", field("HYPERLINK \"http://a.cz/\""), "<a href=\"http://a.cz/\">x</a>y"},
         {"without", field(" hyperlink https://a.cz "), "<a href=\"https://a.cz\">x</a>y"},
         {"mail", field("HYPERLINK \"mailto:a@b.cz\""), "<a href=\"mailto:a@b.cz\">x</a>y"},
@@ -183,7 +183,7 @@ TEST(RtfText, OnlySafeLinksLeadAnywhere) {
          "{\\field{\\*\\fldinst FORMCHECKBOX{\\*\\formfield{\\ffres25\\ffdefres0}}}{\\fldrslt}}y",
          "☐y"},
     };
-    for (const Case& c : cases)
+    for (const TextCase& c : cases)
         EXPECT_EQ(shownText(c.rtf), "<p>" + std::string(c.html) + "</p>") << c.rule;
     EXPECT_EQ(shownText("{\\field{\\*\\fldinst HYPERLINK \"http://a.cz\"}{\\fldrslt a\\par b}}"),
               "<p><a href=\"http://a.cz\">a</a></p><p><a href=\"http://a.cz\">b</a></p>");

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace vorna {
 namespace {
 
@@ -28,6 +30,13 @@ TEST(Play, AFaultyScriptIsNamedByItsLine) {
         }
     EXPECT_THROW(parseScript(""), Failure);
     EXPECT_THROW(parseScript("# nothing\n"), Failure);
+}
+
+TEST(Play, AReadingIsWholeAndWhatTheProbeCanRead) {
+    EXPECT_EQ(wholeReading(0.5), 0);
+    EXPECT_EQ(wholeReading(9999.4), 9999);
+    for (const double reading : {-0.6, 9999.6, std::nan("")})
+        EXPECT_THROW(static_cast<void>(wholeReading(reading)), Failure) << reading;
 }
 
 TEST(Play, GoesEvenlyAndRepeatsItsEnd) {

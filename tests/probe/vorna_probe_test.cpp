@@ -173,6 +173,22 @@ TEST(VornaProbe, NotesEachCAndReactsToNothing) {
     EXPECT_TRUE(notes.starts_with("c at ")) << notes;
 }
 
+TEST(VornaProbe, ASlowReaderGetsEveryLine) {
+    const ScratchFolder folder;
+    std::string script;
+    std::string expected;
+    for (int reading = 1; reading <= 1500; ++reading) {
+        script += "0.1 " + std::to_string(reading) + "\n";
+        expected += formatReadingLine(reading);
+    }
+    const std::string file = folder.write("script", script).string();
+    RunningProbe probe({"--script", file, "--rate", "10", "--speed", "500"});
+    const Reader reader(probe.path());
+    std::this_thread::sleep_for(400ms); // the system keeps 4 KiB of the 18 that were sent
+    const std::string read = reader.read(1500);
+    EXPECT_EQ(read.substr(0, expected.size()), expected);
+}
+
 TEST(VornaProbe, AReaderThatDoesNotReadStopsNothing) {
     RunningProbe probe({"--speed", "1000"});
     const Reader reader(probe.path());
@@ -192,6 +208,7 @@ TEST(VornaProbe, WrongUseIsToldInWords) {
     const Case cases[] = {
         {{"--profile", "tired"}, 2, "tired"}, {{"--rate", "0"}, 2, "--rate"},
         {{"--speed", "-1"}, 2, "--speed"},    {{"--script", (folder / "none").string()}, 1, "none"},
+        {{"--speed", "nan"}, 2, "--speed"},   {{"--rate", "nan"}, 2, "--rate"},
         {{"--script", file}, 1, "empty"},     {{"--link", file}, 1, "taken"},
     };
     for (const Case& c : cases) {

@@ -24,7 +24,7 @@ ProbeDesk::ProbeDesk()
     : link((place.openReference(), session), platform, line, mainWindow.activity) {
     std::string texts = "[other]\n";
     for (const char* const key :
-         {"t2", "t3", "t4", "t36", "t37", "t38", "t40", "t126", "t127", "t128", "t145"})
+         {"t2", "t3", "t4", "t36", "t37", "t38", "t40", "noClient", "t126", "t127", "t128", "t145"})
         texts += std::string(key) + "=" + key + "\n";
     place.folder.write("installation/lang1.ini", texts);
     place.folder.write("VORNA/setup.ini", "[Global]\nport=COM4\n");

@@ -59,5 +59,31 @@ TEST_F(MeasureCommandTest, WithoutAProbeNothingIsStored) {
     EXPECT_EQ(storedMeasurements(), 0U);
 }
 
+TEST_F(MeasureCommandTest, AProbeThatTouchesNothingEndsTheRun) {
+    // The first point is held long enough, and no other.
+    const fs::path script = folder.write("script", "2 0\n12 900\n600 0\n");
+    const ProbeProcess probe(VORNA_TEST_PROBE, 50, script);
+    std::vector<std::string> arguments = measure("P", probe.port());
+    arguments.insert(arguments.end(), {"--patience", "1.5"});
+    const ToolOutcome outcome = run(arguments);
+    EXPECT_EQ(outcome.exitStatus, 1);
+    EXPECT_TRUE(outcome.err.ends_with("shows no further point; 1 points were measured\n"))
+        << outcome.err;
+    EXPECT_EQ(storedMeasurements(), 0U);
+}
+
+TEST_F(MeasureCommandTest, WhatIsNoNumberIsWrongUsage) {
+    for (const auto& [option, text] : {std::pair{"--speed", "nan"},
+                                       {"--speed", "inf"},
+                                       {"--patience", "nan"},
+                                       {"--patience", "0"}}) {
+        std::vector<std::string> arguments{"measure", "--client",        client, "--kind", "P",
+                                           "--port",  "/dev/null-probe", option, text};
+        const ToolOutcome outcome = run(arguments);
+        EXPECT_EQ(outcome.exitStatus, 2) << option << text;
+        EXPECT_NE(outcome.err.find(option), std::string::npos) << outcome.err;
+    }
+}
+
 } // namespace
 } // namespace vorna

@@ -1,0 +1,250 @@
+#include "content/pictures/meridian_pictures.h"
+
+#include "content/pictures/label_places.h"
+#include "content/pictures/marks.h"
+#include "content/pictures/palette.h"
+#include "content/pictures/panels.h"
+#include "content/table_source.h"
+
+#include <QtMath>
+
+#include <algorithm>
+#include <iterator>
+
+namespace vorna {
+namespace {
+
+constexpr QSize figurePictureSize{1200, 1400};
+constexpr QSize partsPictureSize{1800, 1600};
+constexpr double headingHeight = 76;
+constexpr int margin = 16;
+
+QRectF roomIn(const QSize& size) {
+    return QRectF(QPointF(0, 0), QSizeF(size)).adjusted(margin, margin, -margin, -margin);
+}
+
+std::vector<std::string> wordsOf(const std::string& text) {
+    std::vector<std::string> words;
+    for (const QString& word : QString::fromStdString(text).split(' ', Qt::SkipEmptyParts))
+        words.push_back(word.toStdString());
+    return words;
+}
+
+std::vector<const AtlasView*> viewsOf(const Atlas& atlas,
+                                      const std::vector<std::string>& viewNames) {
+    std::vector<const AtlasView*> found;
+    for (const std::string& name : viewNames)
+        found.push_back(&atlas.view(name));
+    return found;
+}
+
+int numberOf(const std::string& pointLong) {
+    return QString::fromStdString(pointLong.substr(2)).toInt();
+}
+
+// A picture on which views are drawn and their points labelled.
+class Sheet {
+public:
+    Sheet(const MeridianSubject& subject, const QSize& size)
+        : subject_(subject), image_(size, QImage::Format_RGB32), places_(roomIn(size)) {
+        image_.fill(palette::paper);
+        painter_.begin(&image_);
+        painter_.setRenderHint(QPainter::Antialiasing);
+    }
+
+    void drawBackground(const Stage& stage, double outline) { drawView(painter_, stage, outline); }
+
+    void drawCourse(const Stage& stage, const PathwayStyle& style) {
+        const auto found = stage.view.pathways.find(subject_.meridian);
+        if (found == stage.view.pathways.end())
+            return;
+        const QPainterPath course = stage.transform().map(found->second);
+        painter_.save();
+        painter_.setClipRect(stage.target);
+        drawPathway(painter_, course, style);
+        painter_.restore();
+        places_.avoid(course);
+    }
+
+    // The points that the view shows: face on, or at its rim when no other view shows them better.
+    void collectPoints(const Stage& stage, const std::vector<const AtlasView*>& others) {
+        for (const auto& [pointLong, place] : stage.view.points) {
+            if (!pointLong.starts_with(subject_.meridian))
+                continue;
+            const auto isFaceOn = [&, key = pointLong](const AtlasView* view) {
+                const auto found = view->points.find(key);
+                return found != view->points.end() && !found->second.edge;
+            };
+            if (place.edge && std::any_of(others.begin(), others.end(), isFaceOn))
+                continue;
+            points_.push_back({stage.map(place.at), pointLong});
+        }
+    }
+
+    // Forgets the points for which the test does not hold.
+    template <class IsKept>
+    void keepPoints(IsKept&& isKept) {
+        std::erase_if(points_, [&](const Point& point) { return !isKept(point.pointLong); });
+    }
+
+    struct PointStyle {
+        double dot;
+        double label;
+        bool withCode;
+    };
+    template <class IsLabelled>
+    void drawPoints(const PointStyle& style, IsLabelled&& isLabelled) {
+        for (const Point& point : points_) {
+            drawDot(painter_, point.at, style.dot, palette::mark);
+            const double reach = style.dot * 1.4;
+            places_.keepFree({point.at.x() - reach, point.at.y() - reach, 2 * reach, 2 * reach});
+        }
+        const QFont font = pictureFont(style.label, true);
+        for (const Point& point : points_) {
+            if (!isLabelled(point.pointLong))
+                continue;
+            const QString text =
+                (style.withCode ? QString::fromStdString(subject_.code) : QString()) +
+                QString::number(numberOf(point.pointLong));
+            const QPointF middle = places_.take({.at = point.at,
+                                                 .radius = style.dot * 1.5,
+                                                 .extent = bareExtent(text, font),
+                                                 .preferred = 0});
+            const QRectF box = bareExtent(text, font).translated(middle);
+            drawLeader(painter_, {.from = point.at,
+                                  .radius = style.dot * 1.5 + 6,
+                                  .to = box,
+                                  .width = 1.4,
+                                  .colour = palette::secondInk});
+            drawLabel(painter_,
+                      {.text = text, .font = font, .middle = middle, .colour = palette::ink});
+        }
+    }
+
+    void drawHeading() {
+        const QString code = QString::fromStdString(subject_.code);
+        const QFont font = pictureFont(50, true);
+        const QRectF box = boxedExtent(code, font);
+        const QPointF middle(24 + box.width() / 2, 24 + box.height() / 2);
+        places_.keepFree(box.translated(middle));
+        drawLabel(painter_, {.text = code,
+                             .font = font,
+                             .middle = middle,
+                             .colour = palette::accent,
+                             .boxed = true});
+    }
+
+    // The highest point collected.
+    [[nodiscard]] std::string lastPoint() const {
+        std::string last;
+        for (const Point& point : points_)
+            last = std::max(last, point.pointLong);
+        return last;
+    }
+
+    QImage finish() {
+        painter_.end();
+        return std::move(image_);
+    }
+
+private:
+    struct Point {
+        QPointF at;
+        std::string pointLong;
+    };
+
+    const MeridianSubject& subject_;
+    QImage image_;
+    QPainter painter_;
+    LabelPlaces places_;
+    std::vector<Point> points_;
+};
+
+// Front and back show both sides of the body, the side view the left one alone.
+bool showsBothSides(const Stage& stage) {
+    return stage.view.name != "body_side";
+}
+
+Stage mirrorImage(const Stage& stage) {
+    return {.view = stage.view,
+            .part = stage.part,
+            .target = stage.target,
+            .mirrored = !stage.mirrored};
+}
+
+} // namespace
+
+std::map<std::string, MeridianViews> readMeridianViews(const Atlas& atlas, const fs::path& file) {
+    const TableSource table = readTable(file);
+    std::map<std::string, MeridianViews> all;
+    for (const SourceRow& row : table.rows) {
+        const MeridianViews views{.figures = wordsOf(table.text(row, "figures")),
+                                  .parts = wordsOf(table.text(row, "parts"))};
+        for (const auto* list : {&views.figures, &views.parts}) {
+            if (list->empty())
+                failAt(table.placeOf(row), "no views");
+            for (const std::string& view : *list)
+                naming(file, [&] { return atlas.view(view).canvas; });
+        }
+        all.emplace(table.text(row, "meridian"), views);
+    }
+    return all;
+}
+
+QImage coursePicture(const Atlas& atlas, const MeridianSubject& subject) {
+    Sheet sheet(subject, figurePictureSize);
+    const std::vector<const AtlasView*> views = viewsOf(atlas, subject.views.figures);
+    const std::vector<Stage> stages = besideEachOther(views, roomIn(figurePictureSize));
+    const PathwayStyle style{.width = 6, .arrowEvery = 130, .colour = palette::accent};
+    sheet.drawHeading();
+    for (const Stage& stage : stages) {
+        sheet.drawBackground(stage, 2.8);
+        if (showsBothSides(stage))
+            sheet.drawCourse(mirrorImage(stage), style);
+        sheet.drawCourse(stage, style);
+        sheet.collectPoints(stage, views);
+    }
+    const std::string ends[] = {subject.meridian + "01", sheet.lastPoint()};
+    sheet.keepPoints([&](const std::string& point) {
+        return std::find(std::begin(ends), std::end(ends), point) != std::end(ends);
+    });
+    sheet.drawPoints({.dot = 9, .label = 36, .withCode = true},
+                     [](const std::string&) { return true; });
+    return sheet.finish();
+}
+
+QImage bodyPointsPicture(const Atlas& atlas, const MeridianSubject& subject) {
+    constexpr int everyFifth = 5;
+    Sheet sheet(subject, figurePictureSize);
+    const std::vector<const AtlasView*> views = viewsOf(atlas, subject.views.figures);
+    sheet.drawHeading();
+    for (const Stage& stage : besideEachOther(views, roomIn(figurePictureSize))) {
+        sheet.drawBackground(stage, 2.8);
+        sheet.drawCourse(stage, {.width = 4, .colour = palette::accent});
+        sheet.collectPoints(stage, views);
+    }
+    const std::string last = sheet.lastPoint();
+    sheet.drawPoints({.dot = 5, .label = 25, .withCode = false}, [&](const std::string& point) {
+        return numberOf(point) == 1 || numberOf(point) % everyFifth == 0 || point == last;
+    });
+    return sheet.finish();
+}
+
+QImage regionPointsPicture(const Atlas& atlas, const MeridianSubject& subject) {
+    const std::vector<const AtlasView*> views = viewsOf(atlas, subject.views.parts);
+    const QRectF room = roomIn(partsPictureSize).adjusted(0, headingHeight, 0, 0);
+    const std::vector<Stage> stages = packed(views, room);
+    const QRectF used = covered(stages);
+    Sheet sheet(subject, {qCeil(used.right()) + margin, qCeil(used.bottom()) + margin});
+    sheet.drawHeading();
+    for (const Stage& stage : stages) {
+        sheet.drawBackground(stage, 2.8);
+        sheet.drawCourse(stage, {.width = 4.5, .colour = palette::accent});
+        sheet.collectPoints(stage, views);
+    }
+    sheet.drawPoints({.dot = 6.5, .label = 24, .withCode = false},
+                     [](const std::string&) { return true; });
+    return sheet.finish();
+}
+
+} // namespace vorna

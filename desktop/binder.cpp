@@ -1,0 +1,279 @@
+#include "desktop/binder.h"
+
+#include "desktop/chart_view.h"
+#include "desktop/list_table.h"
+#include "desktop/picture_view.h"
+#include "desktop/text_view.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QSignalBlocker>
+
+#include <utility>
+
+namespace vorna {
+namespace {
+
+QString objectNameOf(const Control& control) {
+    const QString name = qt(control.name());
+    return control.index() < 0 ? name : QString("%1(%2)").arg(name).arg(control.index());
+}
+
+// The text edit keeps its place when the text stands already.
+void showText(QLineEdit& widget, const QString& text) {
+    if (widget.text() == text)
+        return;
+    const QSignalBlocker quiet(widget);
+    widget.setText(text);
+    widget.setCursorPosition(0);
+}
+
+} // namespace
+
+Binder::Binder(Window& window) : window_(window) {
+    window.watcher = [this](Control* control) { note(control); };
+    window.focusWatcher = [this](Control& control) {
+        showChanges();
+        if (QWidget* const widget = widgetOf(control))
+            widget->setFocus();
+    };
+}
+
+Binder::~Binder() {
+    window_.watcher = {};
+    window_.focusWatcher = {};
+}
+
+void Binder::note(Control* control) {
+    if (control == nullptr)
+        windowChanged_ = true;
+    else
+        changed_.insert(control);
+    if (std::exchange(queued_, true))
+        return;
+    QMetaObject::invokeMethod(this, [this] { showChanges(); }, Qt::QueuedConnection);
+}
+
+void Binder::showChanges() {
+    queued_ = false;
+    for (const Control* const control : std::exchange(changed_, {}))
+        if (const auto shows = shows_.find(control); shows != shows_.end())
+            for (const auto& show : shows->second)
+                show();
+    if (std::exchange(windowChanged_, false) && windowChanged)
+        windowChanged();
+}
+
+void Binder::onChange(Control& control, std::function<void()> show) {
+    show();
+    shows_[&control].push_back(std::move(show));
+}
+
+Control* Binder::controlOf(const QObject* widget) const {
+    const auto at = controls_.find(widget);
+    return at == controls_.end() ? nullptr : at->second;
+}
+
+QWidget* Binder::widgetOf(const Control& control) const {
+    const auto at = widgets_.find(&control);
+    return at == widgets_.end() ? nullptr : at->second;
+}
+
+void Binder::bind(Control& control, QWidget& widget) {
+    widget.setObjectName(objectNameOf(control));
+    controls_[&widget] = &control;
+    widgets_[&control] = &widget;
+    widget.installEventFilter(this);
+    onChange(control, [&control, &widget] {
+        widget.setVisible(control.visible);
+        widget.setEnabled(control.enabled);
+    });
+}
+
+bool Binder::eventFilter(QObject* watched, QEvent* event) {
+    Control* const control = controlOf(watched);
+    if (control == nullptr)
+        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusIn && passive_.count(control) == 0)
+        window_.activeControl = control;
+    if (event->type() == QEvent::FocusOut)
+        if (const auto* const box = dynamic_cast<TextBox*>(control))
+            call(box->left);
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && control->enterPressed) {
+            control->enterPressed();
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Binder::bind(Label& control, QLabel& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] { widget.setText(qt(control.caption)); });
+}
+
+// The Alt key of a button: the first letter of a word that no other button of the page has, else
+// any other letter of it.
+QString Binder::withMnemonic(const QString& caption) {
+    QString escaped = caption;
+    escaped.replace('&', "&&");
+    for (const bool wordsOnly : {true, false})
+        for (int i = 0; i < escaped.size(); ++i) {
+            const bool wordBegins = i == 0 || !escaped[i - 1].isLetterOrNumber();
+            const QChar letter = escaped[i].toUpper();
+            if (!letter.isLetter() || (wordsOnly && !wordBegins) || mnemonics_.contains(letter))
+                continue;
+            mnemonics_.insert(letter);
+            return escaped.insert(i, '&');
+        }
+    return escaped;
+}
+
+void Binder::bindButton(CaptionedControl& control, QAbstractButton& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [this, &control, &widget, shown = QString()]() mutable {
+        const QString caption = qt(control.caption);
+        if (caption == shown)
+            return;
+        shown = caption;
+        if (widget.text().isEmpty() && !widget.icon().isNull() &&
+            widget.property("iconAlone").toBool()) {
+            widget.setToolTip(caption);
+        } else {
+            widget.setText(withMnemonic(caption));
+        }
+        widget.setAccessibleName(caption);
+    });
+}
+
+void Binder::bind(Button& control, QAbstractButton& widget) {
+    bindButton(control, widget);
+    connect(&widget, &QAbstractButton::clicked, this, [&control] { control.click(); });
+}
+
+void Binder::bindPassive(Button& control, QAbstractButton& widget) {
+    passive_.insert(&control);
+    bind(control, widget);
+}
+
+void Binder::bind(CheckBox& control, QAbstractButton& widget) {
+    widget.setCheckable(true);
+    bindButton(control, widget);
+    onChange(control, [&control, &widget] {
+        const QSignalBlocker quiet(widget);
+        widget.setChecked(control.checked);
+    });
+    // One of a group of options is also changed by another's click.
+    connect(&widget, &QAbstractButton::toggled, this,
+            [&control](bool checked) { control.checked = checked; });
+    connect(&widget, &QAbstractButton::clicked, this, [&control] { call(control.clicked); });
+}
+
+void Binder::bind(TextBox& control, QLineEdit& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] { showText(widget, qt(control.text)); });
+    connect(&widget, &QLineEdit::textEdited, this, [&control](const QString& text) {
+        control.text = text.toStdString();
+        call(control.edited);
+    });
+}
+
+void Binder::bind(TextBox& control, QPlainTextEdit& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] {
+        if (const QString text = qt(control.text); widget.toPlainText() != text) {
+            const QSignalBlocker quiet(widget);
+            widget.setPlainText(text);
+        }
+    });
+    connect(&widget, &QPlainTextEdit::textChanged, this, [&control, &widget] {
+        control.text = widget.toPlainText().toStdString();
+        call(control.edited);
+    });
+}
+
+void Binder::bind(TextBox& control, TextView& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] { widget.setText(qt(control.text)); });
+}
+
+void Binder::bind(MaskedBox& control, QLineEdit& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] { showText(widget, qt(control.text)); });
+    // The box takes what was typed as its mask has room for it, and the places go on with it.
+    connect(&widget, &QLineEdit::textEdited, this, [&control, &widget](const QString& text) {
+        const bool atEnd = widget.cursorPosition() == text.size();
+        const int place = widget.cursorPosition();
+        control.type(text.toStdString());
+        showText(widget, qt(control.text));
+        const int next = widget.text().indexOf('_', atEnd ? 0 : place);
+        widget.setCursorPosition(atEnd && next >= 0 ? next : place);
+    });
+}
+
+void Binder::bind(ComboBox& control, QComboBox& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] {
+        const QSignalBlocker quiet(widget);
+        QStringList rows;
+        for (const std::string& row : control.rows.get())
+            rows.append(qt(row));
+        QStringList shown;
+        for (int i = 0; i < widget.count(); ++i)
+            shown.append(widget.itemText(i));
+        if (rows != shown) {
+            widget.clear();
+            widget.addItems(rows);
+        }
+        widget.setCurrentIndex(control.index);
+        if (control.index < 0)
+            widget.setPlaceholderText(qt(control.text));
+    });
+    connect(&widget, &QComboBox::activated, this, [&control](int row) {
+        if (row == control.index)
+            return;
+        control.index = row;
+        call(control.chosen);
+    });
+}
+
+void Binder::bind(ListView& control, ListTable& widget) {
+    bind(static_cast<Control&>(control), widget);
+    widget.show(control);
+    onChange(control, [&widget] { widget.refresh(); });
+}
+
+void Binder::bind(Picture& control, PictureView& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] {
+        widget.setPath(qt(control.path));
+        widget.setName(qt(control.caption));
+    });
+    widget.pressed = [&control] { call(control.clicked); };
+}
+
+void Binder::bind(ProgressBar& control, QProgressBar& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] {
+        widget.setRange(control.minimum, control.maximum);
+        widget.setValue(control.value);
+    });
+}
+
+void Binder::bind(ChartControl& control, ChartView& widget) {
+    bind(static_cast<Control&>(control), widget);
+    onChange(control, [&control, &widget] {
+        if (control.rendered())
+            widget.setDocument(control.dataXml, control.chartType);
+    });
+}
+
+} // namespace vorna

@@ -1,0 +1,122 @@
+#include "desktop/desktop_program.h"
+
+#include "desktop/theme.h"
+#include "platform/failure.h"
+#include "platform/program_folders.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+#include <iostream>
+
+namespace vorna {
+namespace {
+
+// What a handler lets out ends the program in order, after it was said why.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        try {
+            return QApplication::notify(receiver, event);
+        } catch (const std::exception& error) {
+            std::cerr << "vorna: " << error.what() << '\n';
+            failed = true;
+            if (ended)
+                ended();
+            return true;
+        }
+    }
+
+    std::function<void()> ended;
+    bool failed = false;
+};
+
+ThemeChoice themeOf(const QString& name) {
+    if (name == "light")
+        return ThemeChoice::Light;
+    return name == "dark" ? ThemeChoice::Dark : ThemeChoice::FollowDesktop;
+}
+
+} // namespace
+
+DesktopProgram::DesktopProgram(StartupFolders folders)
+    : folders_(std::move(folders)), dialogs_(loop_), platform_{.loop = loop_,
+                                                               .clock = clock_,
+                                                               .locale = localeByName({}),
+                                                               .dialogs = dialogs_,
+                                                               .clipboard = clipboard_,
+                                                               .opener = opener_,
+                                                               .sound = sound_,
+                                                               .drawing = drawing_},
+      windows_(session_, loop_), context_{.session = session_,
+                                          .state = state_,
+                                          .platform = platform_,
+                                          .windows = windows_,
+                                          .clientList = window_.clients.list,
+                                          .measurementList = window_.measurements.list,
+                                          .recommend = {}},
+      search_(loop_) {
+    bindMainWindow(window_, context_, [this] { end(0); });
+    measuring_ = std::make_unique<Measuring>(window_, context_,
+                                             ProbeSeams{.line = line_, .search = search_});
+}
+
+DesktopProgram::~DesktopProgram() = default;
+
+void DesktopProgram::start() {
+    std::error_code error; // without the folder the steps of start-up fail, each on its own
+    std::filesystem::create_directories(folders_.commonData, error);
+    startUp(folders_, session_, window_, platform_);
+    view_ = std::make_unique<MainView>(session_, window_);
+    view_->closed = [this] {
+        shutDown(session_, window_, platform_);
+        end(0);
+    };
+}
+
+void DesktopProgram::show() {
+    view_->show();
+}
+
+int DesktopProgram::run() {
+    if (!ended_)
+        QCoreApplication::exec();
+    return exitCode_;
+}
+
+void DesktopProgram::end(int exitCode) {
+    ended_ = true;
+    exitCode_ = exitCode;
+    loop_.end();
+    QCoreApplication::exit(exitCode);
+}
+
+int runDesktop(int count, char** arguments) {
+    Application application(count, arguments);
+    QCoreApplication::setApplicationName("vorna");
+    QGuiApplication::setApplicationDisplayName("VORNA");
+    QGuiApplication::setDesktopFileName("vorna");
+    QCommandLineParser options;
+    options.setApplicationDescription("Measures and evaluates meridians.");
+    options.addHelpOption();
+    options.addOptions({{"app", "The installation folder.", "folder"},
+                        {"data", "The common application data folder.", "folder"},
+                        {"theme", "light, dark, or desktop.", "theme", "desktop"}});
+    options.process(application);
+    applyTheme(application, themeOf(options.value("theme")));
+    const auto folder = [&](const char* name, std::filesystem::path otherwise) {
+        return options.isSet(name) ? std::filesystem::path(options.value(name).toStdU16String())
+                                   : std::move(otherwise);
+    };
+    DesktopProgram program(
+        {folder("app", executableFolder()), folder("data", commonDataFolder())});
+    application.ended = [] { QCoreApplication::exit(1); };
+    program.start();
+    program.show();
+    const int exitCode = program.run();
+    return application.failed ? 1 : exitCode;
+}
+
+} // namespace vorna

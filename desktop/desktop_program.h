@@ -1,0 +1,68 @@
+// The desktop program as a whole: the seams of one process, its start-up, its windows, its end.
+#pragma once
+
+#include "acquisition/measurement_wizard.h"
+#include "application/main_window.h"
+#include "application/measuring.h"
+#include "application/startup.h"
+#include "desktop/desktop_windows.h"
+#include "desktop/main_view.h"
+#include "desktop/seams/qt_desktop.h"
+#include "desktop/seams/qt_dialogs.h"
+#include "desktop/seams/qt_sound.h"
+#include "platform/ftdi_device_search.h"
+#include "platform/qt/qt_chart_drawing.h"
+#include "platform/qt/qt_event_loop.h"
+#include "platform/qt/qt_serial_line.h"
+
+#include <memory>
+
+namespace vorna {
+
+class DesktopProgram {
+public:
+    explicit DesktopProgram(StartupFolders folders);
+    DesktopProgram(const DesktopProgram&) = delete;
+    DesktopProgram& operator=(const DesktopProgram&) = delete;
+    ~DesktopProgram();
+
+    // Start-up and the main window, not shown yet.
+    void start();
+    void show();
+    // Until the program ends; the exit code.
+    int run();
+
+    [[nodiscard]] MainWindow& window() { return window_; }
+    [[nodiscard]] MainView& view() { return *view_; }
+    [[nodiscard]] DesktopWindows& windows() { return windows_; }
+    [[nodiscard]] EvaluationContext& context() { return context_; }
+
+private:
+    void end(int exitCode);
+
+    StartupFolders folders_;
+    SystemClock clock_;
+    QtEventLoop loop_;
+    QtDialogs dialogs_;
+    QtClipboard clipboard_;
+    QtOpener opener_;
+    QtSound sound_;
+    QtChartDrawing drawing_;
+    Platform platform_;
+    Session session_;
+    EvaluationState state_;
+    MainWindow window_;
+    DesktopWindows windows_;
+    EvaluationContext context_;
+    QtSerialLine line_;
+    FtdiDeviceSearch search_;
+    std::unique_ptr<Measuring> measuring_;
+    std::unique_ptr<MainView> view_;
+    bool ended_ = false;
+    int exitCode_ = 0;
+};
+
+// The program's main: reads the command line, runs, and gives the exit code.
+int runDesktop(int count, char** arguments);
+
+} // namespace vorna

@@ -1,0 +1,77 @@
+#include "desktop/icons.h"
+
+#include "desktop/theme.h"
+
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+#include <cmath>
+#include <utility>
+
+namespace vorna {
+namespace {
+
+void drawIcon(QPainter& painter, const QString& name, const QColor& colour, const QRectF& place) {
+    QFile file(":/icons/" + name + ".svg");
+    if (!file.open(QIODevice::ReadOnly))
+        return;
+    QByteArray drawing = file.readAll();
+    drawing.replace("currentColor", colour.name().toLatin1());
+    QSvgRenderer(drawing).render(&painter, place);
+}
+
+class LineIcon final : public QIconEngine {
+public:
+    LineIcon(QString name, QColor colour) : name_(std::move(name)), colour_(std::move(colour)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
+        painter->save();
+        if (mode == QIcon::Disabled)
+            painter->setOpacity(painter->opacity() / 2);
+        drawIcon(*painter, name_, colour_, rect);
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+    [[nodiscard]] QIconEngine* clone() const override { return new LineIcon(name_, colour_); }
+
+private:
+    QString name_;
+    QColor colour_;
+};
+
+} // namespace
+
+QIcon icon(const QString& name, const QColor& colour) {
+    return QIcon(new LineIcon(name, colour));
+}
+
+QIcon icon(const QString& name) {
+    return icon(name, theme().ink2);
+}
+
+QPixmap iconPixmap(const QString& name, const QColor& colour, int size, double pixelRatio) {
+    const int pixels = static_cast<int>(std::ceil(size * pixelRatio));
+    const QString key = QString("%1/%2/%3").arg(name, colour.name()).arg(pixels);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = QPixmap(pixels, pixels);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        drawIcon(painter, name, colour, pixmap.rect());
+        painter.end();
+        pixmap.setDevicePixelRatio(pixelRatio);
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+} // namespace vorna

@@ -1,0 +1,185 @@
+#include "desktop/main_view.h"
+
+#include "desktop/card.h"
+#include "desktop/icons.h"
+#include "desktop/pages/pages.h"
+#include "desktop/picture_view.h"
+#include "desktop/tab_bar.h"
+#include "desktop/theme.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <array>
+#include <utility>
+
+namespace vorna {
+namespace {
+
+constexpr int widthForIcons = 1000; // pixels of the 15 px body text
+constexpr std::array flagNames{"cs", "en", "de", "ru"};
+
+// A round label in the strip.
+class Badge final : public QWidget {
+public:
+    explicit Badge(QWidget* parent = nullptr) : QWidget(parent) {
+        auto* const line = row(8);
+        line->setContentsMargins(px(11), px(5), px(11), px(5));
+        setLayout(line);
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(theme().line);
+        painter.setBrush(theme().surface);
+        const QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+        painter.drawRoundedRect(box, box.height() / 2, box.height() / 2);
+    }
+};
+
+QWidget* badge(Binder& binder, Picture& control, const QPixmap& sign, bool withWord) {
+    auto* const made = new Badge;
+    auto* const picture = new QLabel;
+    picture->setPixmap(sign);
+    made->layout()->addWidget(picture);
+    auto* const word = new QLabel;
+    word->setFont(sizedFont(13.5, true));
+    if (withWord)
+        made->layout()->addWidget(word);
+    binder.bind(static_cast<Control&>(control), *made);
+    binder.onChange(control, [&control, made, word, withWord] {
+        if (withWord)
+            word->setText(qt(control.caption));
+        made->setToolTip(qt(control.caption));
+        made->setAccessibleName(qt(control.caption));
+    });
+    return made;
+}
+
+} // namespace
+
+MainView::MainView(const Session& session, MainWindow& window)
+    : window_(window), texts_(session, window), binder_(window) {
+    auto* const lines = column(0);
+    setLayout(lines);
+    lines->addWidget(makeStrip());
+    pages_ = new QStackedWidget;
+    const PageParts parts{window, binder_, texts_};
+    pages_->addWidget(makeClientsPage(parts));
+    pages_->addWidget(makeCardPage(parts));
+    pages_->addWidget(makeMeasurementsPage(parts));
+    pages_->addWidget(new QWidget); // nothing is on this tab, and it is never shown
+    pages_->addWidget(makeLibraryPage(parts));
+    pages_->addWidget(makeSettingsPage(parts));
+    lines->addWidget(pages_, 1);
+    binder_.onChange(window.tabs, [this] { showPage(); });
+    binder_.windowChanged = [this] { setWindowTitle(qt(window_.caption())); };
+    setWindowTitle(qt(window.caption()));
+    setWindowIcon(QIcon(":/icons/vorna.svg"));
+    addShortcuts();
+    const auto pixels = [](float twips) { return static_cast<int>(twips / twipsPerPixel); };
+    setGeometry(pixels(window.place.left), pixels(window.place.top), pixels(window.place.width),
+                pixels(window.place.height));
+    placed_ = true;
+}
+
+MainView::~MainView() = default;
+
+QWidget* MainView::makeStrip() {
+    auto* const strip = new QWidget;
+    strip->setAutoFillBackground(true);
+    QPalette palette = strip->palette();
+    palette.setColor(QPalette::Window, theme().raised);
+    strip->setPalette(palette);
+    auto* const line = row(8);
+    line->setContentsMargins(px(20), 0, px(20), 0);
+    strip->setLayout(line);
+    tabs_ = new TabBar(binder_, window_.tabs,
+                       {"users", "card", "pulse", "bars", "book", "sliders"});
+    line->addWidget(tabs_, 1);
+    line->addWidget(makeBadges());
+    auto* const whole = new QWidget;
+    auto* const lines = column(0);
+    whole->setLayout(lines);
+    lines->addWidget(strip);
+    auto* const hairline = new QFrame;
+    hairline->setFixedHeight(1);
+    hairline->setAutoFillBackground(true);
+    palette.setColor(QPalette::Window, theme().line);
+    hairline->setPalette(palette);
+    lines->addWidget(hairline);
+    return whole;
+}
+
+QWidget* MainView::makeBadges() {
+    auto* const badges = new QWidget;
+    badges->setFixedHeight(px(32));
+    auto* const line = row(8);
+    badges->setLayout(line);
+    const auto sign = [](const char* name) { return icon(name).pixmap(px(18)); };
+    line->addWidget(badge(binder_, window_.activity, sign("pulse"), false));
+    line->addWidget(badge(binder_, window_.apmBadge, sign("star"), true));
+    line->addWidget(badge(binder_, window_.tcmBadge, sign("taiji"), true));
+    for (const auto& flag : window_.flags.members) {
+        const QString file =
+            QString(":/icons/flag-%1.svg").arg(flagNames.at(static_cast<std::size_t>(flag->index())));
+        line->addWidget(badge(binder_, *flag, QIcon(file).pixmap(px(24), px(16)), false));
+    }
+    return badges;
+}
+
+void MainView::addShortcuts() {
+    constexpr std::array tabOfKey{MainTab::Clients, MainTab::Card, MainTab::Measurements,
+                                  MainTab::Library, MainTab::Settings};
+    for (std::size_t i = 0; i < tabOfKey.size(); ++i) {
+        const auto keys = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(i)));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, tab = tabOfKey.at(i)] {
+            const auto index = static_cast<std::size_t>(tab);
+            if (window_.tabs.tabs()[index].enabled)
+                window_.tabs.select(index);
+        });
+    }
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            [this] { call(helpWanted); });
+    connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, this,
+            [this] { window_.clients.newClient.click(); });
+}
+
+void MainView::showPage() {
+    pages_->setCurrentIndex(window_.tabs.selected);
+}
+
+void MainView::keepPlace() {
+    if (!placed_ || isMaximized() || isMinimized())
+        return;
+    const QRect place = geometry();
+    const auto twips = [](int pixels) { return static_cast<float>(pixels) * twipsPerPixel; };
+    window_.place = {twips(place.left()), twips(place.top()), twips(place.width()),
+                     twips(place.height())};
+}
+
+void MainView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    tabs_->setWithIcons(width() >= px(widthForIcons));
+    keepPlace();
+}
+
+void MainView::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    keepPlace();
+}
+
+void MainView::closeEvent(QCloseEvent* event) {
+    event->accept();
+    call(closed);
+}
+
+} // namespace vorna

@@ -1,0 +1,52 @@
+// The main window: the strip of tabs with the badges of mode, language and activity, and below it
+// the page of the tab in front. The only window that is open all the time.
+#pragma once
+
+#include "application/main_window.h"
+#include "desktop/binder.h"
+#include "desktop/texts.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QStackedWidget;
+
+namespace vorna {
+
+class TabBar;
+
+class MainView final : public QWidget {
+public:
+    // The window is started up and bound. All that is passed must outlive the view.
+    MainView(const Session& session, MainWindow& window);
+    ~MainView() override;
+
+    [[nodiscard]] Binder& binder() { return binder_; }
+
+    // The window is closed by the user.
+    std::function<void()> closed;
+    // F1.
+    std::function<void()> helpWanted;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* makeStrip();
+    QWidget* makeBadges();
+    void addShortcuts();
+    void keepPlace();
+    void showPage();
+
+    MainWindow& window_;
+    Texts texts_;
+    Binder binder_;
+    TabBar* tabs_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    bool placed_ = false;
+};
+
+} // namespace vorna

@@ -1,0 +1,136 @@
+#include "desktop/tile.h"
+
+#include "desktop/theme.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace vorna {
+namespace {
+
+constexpr double tileRadius = 8;
+
+void drawTile(QPainter& painter, const QAbstractButton& button) {
+    const Theme& t = theme();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!button.isEnabled())
+        painter.setOpacity(0.5);
+    const bool hot = button.underMouse() && button.isEnabled();
+    painter.setPen(button.hasFocus() ? QPen(t.accent, 2) : QPen(t.edge, 1));
+    painter.setBrush(button.isDown() ? t.soft : hot ? t.raised : t.surface);
+    painter.drawRoundedRect(QRectF(button.rect()).adjusted(1, 1, -1, -1), tileRadius, tileRadius);
+}
+
+// A word may break behind a hyphen or dash; where one still does not fit the type shrinks.
+void drawName(QPainter& painter, const QRect& room, const QString& name, Qt::Alignment place) {
+    const int flags = static_cast<int>(place) | Qt::TextWordWrap;
+    constexpr double largest = 12.5;
+    constexpr double smallest = 9;
+    for (double size = largest;; size -= 0.5) {
+        painter.setFont(sizedFont(size, true));
+        const QRect taken = painter.fontMetrics().boundingRect(room, flags, name);
+        if (size <= smallest || (taken.width() <= room.width() && taken.height() <= room.height()))
+            break;
+    }
+    painter.drawText(room, flags, name);
+}
+
+} // namespace
+
+KindButton::KindButton(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+QSize KindButton::sizeHint() const {
+    return {px(210), px(72)};
+}
+
+QSize KindButton::minimumSizeHint() const {
+    return {px(100), px(48)};
+}
+
+void KindButton::paintEvent(QPaintEvent*) {
+    const Theme& t = theme();
+    QPainter painter(this);
+    drawTile(painter, *this);
+    QString caption = text();
+    caption.remove('&');
+    const QString letter = caption.section('-', 0, 0);
+    const QString word = caption.section('-', 1);
+    const bool small = width() < px(150);
+    const int side = px(small ? 30 : 42);
+    const int gap = px(small ? 8 : 14);
+    const QRect circle(gap, (height() - side) / 2, side, side);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(t.soft);
+    painter.drawEllipse(circle);
+    painter.setPen(t.softInk);
+    painter.setFont(sizedFont(small ? 15 : 21, true));
+    painter.drawText(circle, Qt::AlignCenter, letter);
+    painter.setPen(t.ink);
+    const QRect room(circle.right() + gap, 0, width() - circle.right() - gap - px(6), height());
+    double size = small ? 14 : 17;
+    for (; size > 10; size -= 0.5) {
+        painter.setFont(sizedFont(size, true));
+        if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
+            break;
+    }
+    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, word);
+}
+
+ChartTile::ChartTile(const QString& drawing, QWidget* parent)
+    : QAbstractButton(parent), drawing_(drawing) {
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void ChartTile::setLow(bool low) {
+    low_ = low;
+    updateGeometry();
+    update();
+}
+
+void ChartTile::setName(const QString& name) {
+    name_ = name;
+    setAccessibleName(name);
+    setToolTip(name);
+    update();
+}
+
+QSize ChartTile::sizeHint() const {
+    return low_ ? QSize(px(140), px(46)) : QSize(px(120), px(122));
+}
+
+QSize ChartTile::minimumSizeHint() const {
+    return {px(84), sizeHint().height()};
+}
+
+void ChartTile::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    drawTile(painter, *this);
+    const QSize sheet = low_ ? QSize(px(44), px(28)) : QSize(px(86), px(52));
+    const QRect paper(low_ ? px(6) : (width() - sheet.width()) / 2,
+                      low_ ? (height() - sheet.height()) / 2 : px(9), sheet.width(),
+                      sheet.height());
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme().paper);
+    painter.drawRoundedRect(paper, 5, 5);
+    QSvgRenderer drawing(":/icons/" + drawing_ + ".svg");
+    drawing.setAspectRatioMode(Qt::KeepAspectRatio);
+    drawing.render(&painter, QRectF(paper).adjusted(3, 2, -3, -2));
+    painter.setPen(theme().ink);
+    const int edge = px(6);
+    const QRect room = low_ ? QRect(paper.right() + edge, 2, width() - paper.right() - 2 * edge,
+                                    height() - 4)
+                            : QRect(edge, paper.bottom() + px(4), width() - 2 * edge,
+                                    height() - paper.bottom() - px(10));
+    drawName(painter, room, name_, low_ ? Qt::AlignVCenter | Qt::AlignLeft : Qt::AlignCenter);
+}
+
+} // namespace vorna
