@@ -3,9 +3,13 @@
 //   line    = anything* reading CR LF
 //   reading = any any thousands any hundreds tens units      (seven characters: "xx1.234")
 //
-// The fourth character is the decimal point that the device prints. There is no checksum.
+// The fourth character is the decimal point that the device prints. There is no checksum. What
+// stands in front of the reading is nobody's; the simulated device can tell its own time there.
 #pragma once
 
+#include <charconv>
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +24,21 @@ inline std::string formatReadingLine(int reading) {
         return static_cast<char>('0' + reading / divisor % 10);
     };
     return {'x', 'x', digit(1000), '.', digit(100), digit(10), digit(1), '\r', '\n'};
+}
+
+// The same with the device's own time in front, in whole milliseconds: "12340 xx1.234".
+inline std::string formatTimedLine(std::int64_t milliseconds, int reading) {
+    return std::to_string(milliseconds) + " " + formatReadingLine(reading);
+}
+
+// The time in milliseconds in front of a line's reading; nothing where the device tells none.
+inline std::optional<std::int64_t> timeOfLine(std::string_view line) {
+    std::int64_t milliseconds = 0;
+    const char* const end = line.data() + line.size();
+    const auto result = std::from_chars(line.data(), end, milliseconds);
+    if (result.ec != std::errc{} || result.ptr == end || *result.ptr != ' ')
+        return std::nullopt;
+    return milliseconds;
 }
 
 // The digits of the seven characters in front of a line end; empty when there are fewer. They are

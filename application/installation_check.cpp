@@ -97,14 +97,14 @@ std::vector<std::string> askedKeys() {
 // Captioned controls that the code fills and the language files leave alone.
 bool isFilledByCode(const Control& control) {
     static const std::set<std::string> filled{
-        "Form1 SkinLabel20", "Form1 Check2",     "Form1 tlac",   "Form1 Option3",
-        "Form1 Label3",      "Form1 Label6",     "Form1 Label7", "Form5 Image1",
-        "Form5 Image2",      "Form5 Label1",     "Form5 Label2", "graffrm Picture1",
-        "Form3 Label4",      "Form3 Label3",     "Form3 Label1", "Form3 Label2",
-        "Form3 Label5",      "Form3 Picture1",   "Form7 Label4", "Form7 Label3",
-        "Form8 Label4",      "Form8 Label3",     "Form6 Image1", "Form4 SkinLabel1",
-        "Form4 SkinLabel2",  "Form4 SkinLabel3", "Form4 Label1", "Form4 Label2",
-        "Form4 Label3",      "Form4 Image1",     "Form4 Image2"};
+        "Form1 SkinLabel20", "Form1 Check2",     "Form1 tlac",       "Form1 Option3",
+        "Form1 Label3",      "Form1 Label5",     "Form1 Label6",     "Form1 Label7",
+        "Form5 Image1",      "Form5 Image2",     "Form5 Label1",     "Form5 Label2",
+        "graffrm Picture1",  "Form3 Label4",     "Form3 Label3",     "Form3 Label1",
+        "Form3 Label2",      "Form3 Label5",     "Form3 Picture1",   "Form7 Label4",
+        "Form7 Label3",      "Form8 Label4",     "Form8 Label3",     "Form6 Image1",
+        "Form4 SkinLabel1",  "Form4 SkinLabel2", "Form4 SkinLabel3", "Form4 Label1",
+        "Form4 Label2",      "Form4 Label3",     "Form4 Image1",     "Form4 Image2"};
     return filled.contains(control.window().section() + " " + control.name());
 }
 

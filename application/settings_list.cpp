@@ -22,12 +22,11 @@ std::filesystem::path helpFile(const Session& session) {
     const fs::path own = under(session.appFolder, names::helpFile(session.language));
     const fs::path shown = under(session.appFolder, names::help);
     // A read-only installation keeps the help of another language, or none.
-    const bool current =
-        attempt([&] {
-            if (readWholeFile(own) != readWholeFile(shown))
-                throw Failure("the help is another language's");
-        }) ||
-        (isMissing(own) && !isMissing(shown));
+    const bool current = attempt([&] {
+                             if (readWholeFile(own) != readWholeFile(shown))
+                                 throw Failure("the help is another language's");
+                         }) ||
+                         (isMissing(own) && !isMissing(shown));
     return current ? shown : own;
 }
 

@@ -27,7 +27,8 @@ void runOnProbe(const ToolOptions& options) {
     ToolProcess process(options);
     process.start();
     selectClientRow(process.window, 0);
-    const ProbeProcess probe(options.appFolder / "vorna-probe", speed);
+    const ProbeProcess probe(std::filesystem::path(VORNA_BENCH_INSTALLATION) / "vorna-probe",
+                             speed);
 
     const LocalTime clockBegin = process.clock.now();
     const auto begin = std::chrono::steady_clock::now();

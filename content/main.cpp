@@ -65,6 +65,16 @@ void drawPictures(const vorna::PicturePlan& plan, char* program) {
     vorna::layPictures(plan);
 }
 
+CLI::App* addPictures(CLI::App& app, vorna::PicturePlan& pictures) {
+    CLI::App* const draw = app.add_subcommand("pictures", "draw an installation's pictures");
+    draw->add_option("--sources", pictures.sources, "the folder of the sources")->required();
+    draw->add_option("--into", pictures.into, "the installation folder")->required();
+    draw->add_option("--list", pictures.list,
+                     "keep the names laid down here, and remove what an earlier run laid down "
+                     "and this one does not");
+    return draw;
+}
+
 } // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -83,12 +93,7 @@ int main(int argumentCount, char** arguments) {
                   "lay down again what a first start has moved aside");
 
     vorna::PicturePlan pictures;
-    CLI::App* const draw = app.add_subcommand("pictures", "draw an installation's pictures");
-    draw->add_option("--sources", pictures.sources, "the folder of the sources")->required();
-    draw->add_option("--into", pictures.into, "the installation folder")->required();
-    draw->add_option("--list", pictures.list,
-                     "keep the names laid down here, and remove what an earlier run laid down "
-                     "and this one does not");
+    CLI::App* const draw = addPictures(app, pictures);
 
     vorna::SampleClientPlan sample;
     CLI::App* const add = app.add_subcommand("sample-client", "add the sample client");

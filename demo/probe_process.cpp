@@ -22,7 +22,7 @@ ProbeProcess::ProbeProcess(const std::filesystem::path& program, double speed,
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-    std::vector<std::string> words{program.string(), "--speed", std::to_string(speed)};
+    std::vector<std::string> words{program.string(), "--timed", "--speed", std::to_string(speed)};
     if (!script.empty())
         words.insert(words.end(), {"--script", script.string()});
     std::vector<char*> arguments;

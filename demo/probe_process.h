@@ -1,4 +1,5 @@
-// The simulated probe as a process of its own, on a pseudo-terminal that it opens.
+// The simulated probe as a process of its own, on a pseudo-terminal that it opens. It tells its
+// time in its lines, so that a reader at the same speed can follow it.
 #pragma once
 
 #include <filesystem>

@@ -57,7 +57,8 @@ void Binder::note(Control* control) {
         changed_.insert(control);
     if (std::exchange(queued_, true))
         return;
-    QMetaObject::invokeMethod(this, [this] { showChanges(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { showChanges(); }, Qt::QueuedConnection);
 }
 
 void Binder::showChanges() {
@@ -214,7 +215,7 @@ void Binder::bind(MaskedBox& control, QLineEdit& widget) {
         const int place = widget.cursorPosition();
         control.type(text.toStdString());
         showText(widget, qt(control.text));
-        const int next = widget.text().indexOf('_', atEnd ? 0 : place);
+        const int next = static_cast<int>(widget.text().indexOf('_', atEnd ? 0 : place));
         widget.setCursorPosition(atEnd && next >= 0 ? next : place);
     });
 }

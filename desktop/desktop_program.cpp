@@ -2,6 +2,7 @@
 
 #include "desktop/theme.h"
 #include "platform/failure.h"
+#include "platform/files.h"
 #include "platform/program_folders.h"
 
 #include <QApplication>
@@ -57,7 +58,7 @@ DesktopProgram::DesktopProgram(StartupFolders folders)
                                           .clientList = window_.clients.list,
                                           .measurementList = window_.measurements.list,
                                           .recommend = {}},
-      search_(loop_) {
+      search_(loop_), work_(window_.work) {
     bindMainWindow(window_, context_, [this] { end(0); });
     measuring_ = std::make_unique<Measuring>(window_, context_,
                                              ProbeSeams{.line = line_, .search = search_});
@@ -70,6 +71,8 @@ void DesktopProgram::start() {
     std::filesystem::create_directories(folders_.commonData, error);
     startUp(folders_, session_, window_, platform_);
     view_ = std::make_unique<MainView>(session_, window_);
+    window_.showHelp = [this](const std::filesystem::path& file) { showHelp(file); };
+    view_->helpWanted = [this] { showHelp(helpFile(session_)); };
     view_->closed = [this] {
         shutDown(session_, window_, platform_);
         end(0);
@@ -84,6 +87,20 @@ int DesktopProgram::run() {
     if (!ended_)
         QCoreApplication::exec();
     return exitCode_;
+}
+
+void DesktopProgram::showHelp(const std::filesystem::path& file) {
+    // A help that is missing is told as a help viewer would.
+    if (!help_ && !attempt([&] { help_ = std::make_unique<HelpView>(session_, window_, file); })) {
+        dialogs_.message(
+            "The file " + pathText(file) +
+                " does not exist.\nPlease make sure that you have installed help files",
+            {});
+        return;
+    }
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
 }
 
 void DesktopProgram::end(int exitCode) {
@@ -110,8 +127,7 @@ int runDesktop(int count, char** arguments) {
         return options.isSet(name) ? std::filesystem::path(options.value(name).toStdU16String())
                                    : std::move(otherwise);
     };
-    DesktopProgram program(
-        {folder("app", executableFolder()), folder("data", commonDataFolder())});
+    DesktopProgram program({folder("app", executableFolder()), folder("data", commonDataFolder())});
     application.ended = [] { QCoreApplication::exit(1); };
     program.start();
     program.show();

@@ -6,10 +6,12 @@
 #include "application/measuring.h"
 #include "application/startup.h"
 #include "desktop/desktop_windows.h"
+#include "desktop/help/help_view.h"
 #include "desktop/main_view.h"
 #include "desktop/seams/qt_desktop.h"
 #include "desktop/seams/qt_dialogs.h"
 #include "desktop/seams/qt_sound.h"
+#include "desktop/windows/work_view.h"
 #include "platform/ftdi_device_search.h"
 #include "platform/qt/qt_chart_drawing.h"
 #include "platform/qt/qt_event_loop.h"
@@ -39,6 +41,7 @@ public:
 
 private:
     void end(int exitCode);
+    void showHelp(const std::filesystem::path& file);
 
     StartupFolders folders_;
     SystemClock clock_;
@@ -58,6 +61,8 @@ private:
     FtdiDeviceSearch search_;
     std::unique_ptr<Measuring> measuring_;
     std::unique_ptr<MainView> view_;
+    std::unique_ptr<HelpView> help_; // once it was asked for
+    WorkView work_;
     bool ended_ = false;
     int exitCode_ = 0;
 };

@@ -13,7 +13,8 @@ namespace vorna {
 namespace {
 
 constexpr double typeStep = 0.5;
-constexpr double signGap = 9; // at a type of 15 pixels
+constexpr double signGap = 9;   // at a type of 15 pixels
+constexpr int roundingRoom = 2; // an advance is rounded, a text's end is not
 
 } // namespace
 
@@ -21,22 +22,17 @@ double fittingTypeSize(const QString& text, const FittedType& type, const QSize&
     double size = type.largest;
     for (; size > type.smallest; size -= typeStep) {
         const QFontMetrics metrics(sizedFont(size, type.bold));
-        if (metrics.horizontalAdvance(text) <= room.width() && metrics.height() <= room.height())
+        const int sign = type.sign > 0 ? px(size * type.sign) + px(signGap) : 0;
+        const QSize taken = metrics.size(0, text);
+        if (taken.width() + sign <= room.width() && taken.height() <= room.height())
             break;
     }
     return size;
 }
 
-FittedLabel::FittedLabel(const FittedType& type, QWidget* parent) : QLabel(parent) {
+FittedLabel::FittedLabel(const FittedType& type, const QString& sign) : sign_(sign) {
     setTextFormat(Qt::PlainText);
     setType(type);
-}
-
-void FittedLabel::setSign(const QString& iconName, double factor) {
-    sign_ = iconName;
-    signFactor_ = factor;
-    updateGeometry();
-    update();
 }
 
 void FittedLabel::setPlaceholder(const QString& text) {
@@ -57,14 +53,14 @@ QString FittedLabel::shownText() const {
 }
 
 int FittedLabel::signWidth(double typeSize) const {
-    return sign_.isEmpty() ? 0 : px(typeSize * signFactor_) + px(signGap);
+    return sign_.isEmpty() ? 0 : px(typeSize * type_.sign) + px(signGap);
 }
 
 QSize FittedLabel::sizeFor(double typeSize) const {
     const QFontMetrics metrics(sizedFont(typeSize, type_.bold));
     const QMargins margins = contentsMargins();
-    return {metrics.horizontalAdvance(shownText()) + signWidth(typeSize) + margins.left() +
-                margins.right() + 1,
+    const QSize text = metrics.size(0, shownText());
+    return {text.width() + signWidth(typeSize) + margins.left() + margins.right() + 1,
             QFontMetrics(font()).height() + margins.top() + margins.bottom()};
 }
 
@@ -77,35 +73,46 @@ QSize FittedLabel::minimumSizeHint() const {
     return {sizeFor(type_.smallest).width(), metrics.height()};
 }
 
-double FittedLabel::fittingSize(const QSize& room) const {
-    return fittingTypeSize(shownText(), type_,
-                           {room.width() - signWidth(type_.largest), room.height()});
+double FittedLabel::fittingSize() const {
+    return fittingTypeSize(shownText(), type_, contentsRect().size());
+}
+
+int FittedLabel::baseline() const {
+    if (lineOf_ != nullptr)
+        return lineOf_->baseline();
+    const QFontMetrics metrics(sizedFont(fittingSize(), type_.bold));
+    const QRect room = contentsRect();
+    return room.top() + (room.height() + metrics.ascent() - metrics.descent()) / 2;
 }
 
 void FittedLabel::paintEvent(QPaintEvent*) {
     const QRect room = contentsRect();
-    const double size = fittingSize(room.size());
+    const double size = fittingSize();
     QPainter painter(this);
     painter.setFont(sizedFont(size, type_.bold));
-    const int taken = std::min(
-        painter.fontMetrics().horizontalAdvance(shownText()) + signWidth(size), room.width());
+    const QFontMetrics metrics = painter.fontMetrics();
+    const int taken =
+        std::min(metrics.horizontalAdvance(shownText()) + signWidth(size), room.width());
     int left = room.left();
     if ((alignment() & Qt::AlignRight) != 0)
-        left = room.left() + room.width() - taken;
+        left += room.width() - taken;
     else if ((alignment() & Qt::AlignHCenter) != 0)
-        left = room.left() + (room.width() - taken) / 2;
+        left += (room.width() - taken) / 2;
     const QColor ink = type_.ink.isValid() ? type_.ink : palette().color(QPalette::WindowText);
     if (!sign_.isEmpty()) {
-        const int side = px(size * signFactor_);
+        const int side = px(size * type_.sign);
         painter.drawPixmap(QPoint(left, room.center().y() - side / 2),
                            iconPixmap(sign_, ink, side, devicePixelRatioF()));
         left += signWidth(size);
     }
     painter.setPen(ink);
-    const QRect line(left, room.top(), room.left() + room.width() - left, room.height());
-    const QString shown =
-        painter.fontMetrics().elidedText(shownText(), Qt::ElideRight, line.width());
-    painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, shown);
+    if (shownText().contains('\n')) {
+        painter.drawText(room, static_cast<int>(alignment()), shownText());
+        return;
+    }
+    const int wide = room.left() + room.width() - left;
+    painter.drawText(left, baseline(),
+                     metrics.elidedText(shownText(), Qt::ElideRight, wide + roundingRoom));
 }
 
 bool FittedLabel::event(QEvent* event) {

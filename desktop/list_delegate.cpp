@@ -66,9 +66,9 @@ void ListDelegate::paintGround(QPainter& painter, const QStyleOptionViewItem& op
     painter.fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1),
                      isSelected(option) ? t.soft : t.line);
     if (isSelected(option) && index.column() == 0)
-        painter.fillRect(QRect(option.rect.left(), option.rect.top(), px(barWidth),
-                               option.rect.height()),
-                         t.accent);
+        painter.fillRect(
+            QRect(option.rect.left(), option.rect.top(), px(barWidth), option.rect.height()),
+            t.accent);
 }
 
 QRect ListDelegate::paintLeading(QPainter& painter, const QStyleOptionViewItem& option,
@@ -80,16 +80,16 @@ QRect ListDelegate::paintLeading(QPainter& painter, const QStyleOptionViewItem& 
         const int side = px(18);
         mark.rect = QRect(room.left(), room.center().y() - side / 2, side, side);
         mark.state = QStyle::State_Enabled | (row.checked ? QStyle::State_On : QStyle::State_Off);
-        QApplication::style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark,
-                                             &painter, option.widget);
+        QApplication::style()->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &mark, &painter,
+                                             option.widget);
         room.setLeft(room.left() + side + px(10));
     }
     if (index.column() == 0 && form_.sign)
         if (const QString name = form_.sign(row); !name.isEmpty()) {
             const int side = px(18);
-            painter.drawPixmap(room.left(), room.center().y() - side / 2,
-                               iconPixmap(name, isSelected(option) ? theme().softInk : theme().ink2,
-                                          side, ratio));
+            painter.drawPixmap(
+                room.left(), room.center().y() - side / 2,
+                iconPixmap(name, isSelected(option) ? theme().softInk : theme().ink2, side, ratio));
             room.setLeft(room.left() + side + px(8));
         }
     if (form_.dot)
@@ -109,8 +109,8 @@ void ListDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
                                const TableColumn& column, const QString& text) const {
     const Theme& t = theme();
     const int height = px(28);
-    const int width = std::min(option.rect.width() - px(10), column.buttonIcon.isEmpty() ? px(48)
-                                                                                       : height);
+    const int width =
+        std::min(option.rect.width() - px(10), column.buttonIcon.isEmpty() ? px(48) : height);
     const QRect box(option.rect.left() + (option.rect.width() - width) / 2,
                     option.rect.center().y() - height / 2, width, height);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -119,9 +119,9 @@ void ListDelegate::paintButton(QPainter& painter, const QStyleOptionViewItem& op
     painter.drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
     if (!column.buttonIcon.isEmpty()) {
         const int side = px(16);
-        painter.drawPixmap(box.center().x() - side / 2 + 1, box.center().y() - side / 2 + 1,
-                           iconPixmap(column.buttonIcon, t.ink2, side,
-                                      painter.device()->devicePixelRatioF()));
+        painter.drawPixmap(
+            box.center().x() - side / 2 + 1, box.center().y() - side / 2 + 1,
+            iconPixmap(column.buttonIcon, t.ink2, side, painter.device()->devicePixelRatioF()));
         return;
     }
     painter.setFont(sizedFont(15, true));
@@ -135,8 +135,9 @@ void ListDelegate::paintText(QPainter& painter, const QRect& room, const TableCo
         drawWrapped(painter, room, text, form_.lines);
         return;
     }
-    painter.drawText(room, (column.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
-                     painter.fontMetrics().elidedText(text, column.elide, room.width()));
+    painter.drawText(
+        room, static_cast<int>((column.right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter),
+        painter.fontMetrics().elidedText(text, column.elide, room.width()));
 }
 
 void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

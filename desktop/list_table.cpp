@@ -56,8 +56,7 @@ public:
 private:
     [[nodiscard]] QString cellText(const QModelIndex& index) const {
         const ListRow& row = table_.list_->row(static_cast<std::size_t>(index.row()));
-        const TableColumn& column =
-            table_.form_.columns[static_cast<std::size_t>(index.column())];
+        const TableColumn& column = table_.form_.columns[static_cast<std::size_t>(index.column())];
         const std::string_view text = column.source == 0 ? row.text : row.subItem(column.source);
         return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     }

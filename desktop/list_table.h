@@ -24,7 +24,7 @@ struct TableColumn {
     bool second = false; // in the second text's colour
     bool right = false;  // numbers
     bool strong = false;
-    bool icon = false;   // the column is a button with this icon or, without one, its text
+    bool icon = false; // the column is a button with this icon or, without one, its text
     QString buttonIcon;
     Qt::TextElideMode elide = Qt::ElideRight;
 };
@@ -33,8 +33,8 @@ struct TableForm {
     std::vector<TableColumn> columns;
     bool checks = false; // each row has a check mark before its first column
     bool headers = true;
-    int lines = 1;          // of text in a row
-    double rowHeight = 36;  // pixels of the 15 px body text
+    int lines = 1;         // of text in a row
+    double rowHeight = 36; // pixels of the 15 px body text
     QString emptyText;
     // The sign before the first column; an empty name for none.
     std::function<QString(const ListRow&)> sign;

@@ -89,6 +89,8 @@ MainView::MainView(const Session& session, MainWindow& window)
     setGeometry(pixels(window.place.left), pixels(window.place.top), pixels(window.place.width),
                 pixels(window.place.height));
     placed_ = true;
+    if (QWidget* const filter = binder_.widgetOf(window.clients.filter))
+        filter->setFocus();
 }
 
 MainView::~MainView() = default;
@@ -102,8 +104,8 @@ QWidget* MainView::makeStrip() {
     auto* const line = row(8);
     line->setContentsMargins(px(20), 0, px(20), 0);
     strip->setLayout(line);
-    tabs_ = new TabBar(binder_, window_.tabs,
-                       {"users", "card", "pulse", "bars", "book", "sliders"});
+    tabs_ =
+        new TabBar(binder_, window_.tabs, {"users", "card", "pulse", "bars", "book", "sliders"});
     line->addWidget(tabs_, 1);
     line->addWidget(makeBadges());
     auto* const whole = new QWidget;
@@ -129,8 +131,8 @@ QWidget* MainView::makeBadges() {
     line->addWidget(badge(binder_, window_.apmBadge, sign("star"), true));
     line->addWidget(badge(binder_, window_.tcmBadge, sign("taiji"), true));
     for (const auto& flag : window_.flags.members) {
-        const QString file =
-            QString(":/icons/flag-%1.svg").arg(flagNames.at(static_cast<std::size_t>(flag->index())));
+        const QString file = QString(":/icons/flag-%1.svg")
+                                 .arg(flagNames.at(static_cast<std::size_t>(flag->index())));
         line->addWidget(badge(binder_, *flag, QIcon(file).pixmap(px(24), px(16)), false));
     }
     return badges;
@@ -140,12 +142,14 @@ void MainView::addShortcuts() {
     constexpr std::array tabOfKey{MainTab::Clients, MainTab::Card, MainTab::Measurements,
                                   MainTab::Library, MainTab::Settings};
     for (std::size_t i = 0; i < tabOfKey.size(); ++i) {
-        const auto keys = QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(i)));
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, tab = tabOfKey.at(i)] {
-            const auto index = static_cast<std::size_t>(tab);
-            if (window_.tabs.tabs()[index].enabled)
-                window_.tabs.select(index);
-        });
+        const auto keys =
+            QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + static_cast<int>(i)));
+        connect(new QShortcut(keys, this), &QShortcut::activated, this,
+                [this, tab = tabOfKey.at(i)] {
+                    const auto index = static_cast<std::size_t>(tab);
+                    if (window_.tabs.tabs()[index].enabled)
+                        window_.tabs.select(index);
+                });
     }
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             [this] { call(helpWanted); });

@@ -10,7 +10,7 @@
 namespace vorna {
 namespace {
 
-constexpr double sheetRadius = 8;
+constexpr double pictureRadius = 8;
 
 } // namespace
 
@@ -55,9 +55,9 @@ void PictureView::paintEvent(QPaintEvent*) {
         const bool ring = hasFocus();
         painter.setPen(ring ? QPen(theme().accent, 2) : QPen(theme().paperLine, 1));
         painter.setBrush(theme().paper);
-        painter.drawRoundedRect(sheet, sheetRadius, sheetRadius);
+        painter.drawRoundedRect(sheet, pictureRadius, pictureRadius);
         QPainterPath clip;
-        clip.addRoundedRect(sheet.adjusted(1, 1, -1, -1), sheetRadius - 1, sheetRadius - 1);
+        clip.addRoundedRect(sheet.adjusted(1, 1, -1, -1), pictureRadius - 1, pictureRadius - 1);
         painter.setClipPath(clip);
     }
     if (picture_.isNull())

@@ -22,8 +22,7 @@ ScaleBar::ScaleBar(double barHeight, double figures, QWidget* parent)
 }
 
 QSize ScaleBar::sizeHint() const {
-    return {px(160),
-            px(barHeight_) + px(scaleGap) + QFontMetrics(sizedFont(figures_)).height()};
+    return {px(160), px(barHeight_) + px(scaleGap) + QFontMetrics(sizedFont(figures_)).height()};
 }
 
 void ScaleBar::paintEvent(QPaintEvent*) {

@@ -105,8 +105,8 @@ void drawCheck(const QStyleOption& option, QPainter& painter) {
         tick.lineTo(box.left() + box.width() * 0.42, box.top() + box.height() * 0.72);
         tick.lineTo(box.left() + box.width() * 0.79, box.top() + box.height() * 0.30);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(t.onAccent, box.width() / 8, Qt::SolidLine, Qt::RoundCap,
-                            Qt::RoundJoin));
+        painter.setPen(
+            QPen(t.onAccent, box.width() / 8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         painter.drawPath(tick);
     }
     painter.restore();
@@ -129,9 +129,9 @@ void drawButtonLabel(const QStyleOptionButton& option, QPainter& painter, const 
         left += side + gap;
     }
     painter.setPen(coloursOf(roleOf(widget), option).text);
-    painter.drawText(QRect(left, option.rect.top(), option.rect.right() - left + 1,
-                           option.rect.height()),
-                     flags, option.text);
+    painter.drawText(
+        QRect(left, option.rect.top(), option.rect.right() - left + 1, option.rect.height()), flags,
+        option.text);
     painter.restore();
 }
 
@@ -145,8 +145,11 @@ void drawHeaderLabel(const QStyleOptionHeader& option, QPainter& painter) {
     painter.save();
     painter.setPen(theme().ink2);
     const QRect room = option.rect.adjusted(px(10), 0, -px(4), 0);
+    QStringList lines = option.text.split('\n');
+    for (QString& line : lines)
+        line = option.fontMetrics.elidedText(line, Qt::ElideRight, room.width());
     painter.drawText(room, static_cast<int>(option.textAlignment) | Qt::AlignVCenter,
-                     option.fontMetrics.elidedText(option.text, Qt::ElideRight, room.width()));
+                     lines.join('\n'));
     painter.restore();
 }
 
@@ -163,8 +166,8 @@ void drawComboBox(const QStyleOptionComboBox& option, QPainter& painter) {
 void drawScrollBar(const QStyleOptionSlider& option, const QRect& slider, QPainter& painter) {
     if (option.minimum == option.maximum)
         return;
-    const bool held = (option.state & QStyle::State_Sunken) != 0 ||
-                      (option.state & QStyle::State_MouseOver) != 0;
+    const bool held =
+        (option.state & QStyle::State_Sunken) != 0 || (option.state & QStyle::State_MouseOver) != 0;
     const bool upright = option.orientation == Qt::Vertical;
     const int inset = px(3);
     const QRectF thumb = upright ? QRectF(slider).adjusted(inset, 2, -inset, -2)
@@ -276,9 +279,8 @@ QRect VornaStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
                                  SubControl part, const QWidget* widget) const {
     if (control == CC_ComboBox && part == SC_ComboBoxEditField)
         return option->rect.adjusted(px(11), 0, -px(34), 0);
-    const auto* const bar = control == CC_ScrollBar
-                                ? qstyleoption_cast<const QStyleOptionSlider*>(option)
-                                : nullptr;
+    const auto* const bar =
+        control == CC_ScrollBar ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
     if (bar == nullptr)
         return QProxyStyle::subControlRect(control, option, part, widget);
     // The thumb alone, without buttons at the ends.
@@ -366,7 +368,8 @@ int VornaStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 int VornaStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                           QStyleHintReturn* result) const {
-    if (hint == SH_ItemView_ActivateItemOnSingleClick || hint == SH_DialogButtonBox_ButtonsHaveIcons)
+    if (hint == SH_ItemView_ActivateItemOnSingleClick ||
+        hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
     if (hint == SH_UnderlineShortcut)
         return altHeld_ ? 1 : 0;
@@ -379,7 +382,7 @@ QSize VornaStyle::sizeFromContents(ContentsType type, const QStyleOption* option
                                    const QWidget* widget) const {
     QSize wanted = QProxyStyle::sizeFromContents(type, option, size, widget);
     if (type == CT_PushButton)
-        wanted = {wanted.width() + px(14), std::max(wanted.height(), px(40))};
+        wanted = {wanted.width() + px(22), std::max(wanted.height(), px(40))};
     else if (type == CT_LineEdit || type == CT_ComboBox)
         wanted.setHeight(std::max(wanted.height(), px(40)));
     else if (type == CT_CheckBox)

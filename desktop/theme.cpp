@@ -17,30 +17,62 @@ constexpr double bodyPixels = 15;
 constexpr const char* darkProperty = "vornaDark";
 
 const Theme& lightTheme() {
-    static const Theme theme{
-        .ground = 0xF3F1EC,     .surface = 0xFFFFFF,       .raised = 0xFAF8F4,
-        .line = 0xDDD8CD,       .edge = 0x87857D,          .ink = 0x1D2426,
-        .ink2 = 0x535D5C,       .accent = 0x17655A,        .accentPressed = 0x104C43,
-        .onAccent = 0xFFFFFF,   .soft = 0xDDEBE6,          .softInk = 0x10443B,
-        .danger = 0xA3261B,     .dangerSoft = 0xF9E7E3,    .warn = 0x745000,
-        .warnSoft = 0xFBF0D3,   .violetSoft = 0xEEE4F3,    .violet = 0x5B2C72,
-        .contact = 0xFFE169,    .contactInk = 0x2B2400,    .done = 0xFFF3C2,
-        .waitA = 0xF3C1B9,      .waitB = 0xB9DEC2,         .waitInk = 0x1D2426,
-        .paper = 0xFFFFFF,      .paperLine = 0xDDD8CD};
+    static const Theme theme{.ground = 0xF3F1EC,
+                             .surface = 0xFFFFFF,
+                             .raised = 0xFAF8F4,
+                             .line = 0xDDD8CD,
+                             .edge = 0x87857D,
+                             .ink = 0x1D2426,
+                             .ink2 = 0x535D5C,
+                             .accent = 0x17655A,
+                             .accentPressed = 0x104C43,
+                             .onAccent = 0xFFFFFF,
+                             .soft = 0xDDEBE6,
+                             .softInk = 0x10443B,
+                             .danger = 0xA3261B,
+                             .dangerSoft = 0xF9E7E3,
+                             .warn = 0x745000,
+                             .warnSoft = 0xFBF0D3,
+                             .violetSoft = 0xEEE4F3,
+                             .violet = 0x5B2C72,
+                             .contact = 0xFFE169,
+                             .contactInk = 0x2B2400,
+                             .done = 0xFFF3C2,
+                             .waitA = 0xF3C1B9,
+                             .waitB = 0xB9DEC2,
+                             .waitInk = 0x1D2426,
+                             .paper = 0xFFFFFF,
+                             .paperLine = 0xDDD8CD};
     return theme;
 }
 
 const Theme& darkTheme() {
-    static const Theme theme{
-        .ground = 0x16191B,     .surface = 0x1E2325,       .raised = 0x252B2D,
-        .line = 0x363E40,       .edge = 0x7F8A88,          .ink = 0xE9E6DF,
-        .ink2 = 0xABB4B1,       .accent = 0x63C2AA,        .accentPressed = 0x85D6C1,
-        .onAccent = 0x08201A,   .soft = 0x22403A,          .softInk = 0xD2F0E7,
-        .danger = 0xFF9E90,     .dangerSoft = 0x43241F,    .warn = 0xF0C560,
-        .warnSoft = 0x3D3215,   .violetSoft = 0x3A2B45,    .violet = 0xDDB8F0,
-        .contact = 0xE8C94A,    .contactInk = 0x221C00,    .done = 0x4A4220,
-        .waitA = 0x7C3A32,      .waitB = 0x2F5E40,         .waitInk = 0xFFFFFF,
-        .paper = 0xE9E6DF,      .paperLine = 0xC9C5BB};
+    static const Theme theme{.ground = 0x16191B,
+                             .surface = 0x1E2325,
+                             .raised = 0x252B2D,
+                             .line = 0x363E40,
+                             .edge = 0x7F8A88,
+                             .ink = 0xE9E6DF,
+                             .ink2 = 0xABB4B1,
+                             .accent = 0x63C2AA,
+                             .accentPressed = 0x85D6C1,
+                             .onAccent = 0x08201A,
+                             .soft = 0x22403A,
+                             .softInk = 0xD2F0E7,
+                             .danger = 0xFF9E90,
+                             .dangerSoft = 0x43241F,
+                             .warn = 0xF0C560,
+                             .warnSoft = 0x3D3215,
+                             .violetSoft = 0x3A2B45,
+                             .violet = 0xDDB8F0,
+                             .contact = 0xE8C94A,
+                             .contactInk = 0x221C00,
+                             .done = 0x4A4220,
+                             .waitA = 0x7C3A32,
+                             .waitB = 0x2F5E40,
+                             .waitInk = 0xFFFFFF,
+                             .paper = 0xE9E6DF,
+                             .paperLine = 0xC9C5BB};
     return theme;
 }
 

@@ -126,10 +126,10 @@ void ChartTile::paintEvent(QPaintEvent*) {
     drawing.render(&painter, QRectF(paper).adjusted(3, 2, -3, -2));
     painter.setPen(theme().ink);
     const int edge = px(6);
-    const QRect room = low_ ? QRect(paper.right() + edge, 2, width() - paper.right() - 2 * edge,
-                                    height() - 4)
-                            : QRect(edge, paper.bottom() + px(4), width() - 2 * edge,
-                                    height() - paper.bottom() - px(10));
+    const QRect room =
+        low_ ? QRect(paper.right() + edge, 2, width() - paper.right() - 2 * edge, height() - 4)
+             : QRect(edge, paper.bottom() + px(4), width() - 2 * edge,
+                     height() - paper.bottom() - px(10));
     drawName(painter, room, name_, low_ ? Qt::AlignVCenter | Qt::AlignLeft : Qt::AlignCenter);
 }
 

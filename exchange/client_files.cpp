@@ -4,9 +4,12 @@
 #include "core/file_names.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "platform/text.h"
 
+#include <algorithm>
 #include <array>
 #include <fcntl.h>
+#include <map>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -59,12 +62,22 @@ void keepTime(int from, int to) {
 
 } // namespace
 
+// One look into the target for all names, as `under` takes for each.
 std::vector<FileOnItsWay> filesOnTheirWay(const fs::path& source, const fs::path& target) {
+    const std::vector<std::string> present = listFiles(target, "*");
+    std::map<std::string, std::string> folded;
+    for (const std::string& name : present)
+        folded.emplace(foldCase(name), name);
     std::vector<FileOnItsWay> files;
     std::error_code error;
-    for (const std::string& name : listFiles(source, "*.*"))
-        if (fs::is_regular_file(fs::symlink_status(source / name, error)))
-            files.push_back({.from = source / name, .to = under(target, name)});
+    for (const std::string& name : listFiles(source, "*.*")) {
+        if (!fs::is_regular_file(fs::symlink_status(source / name, error)))
+            continue;
+        const bool isThere = std::binary_search(present.begin(), present.end(), name);
+        const auto twin = isThere ? folded.end() : folded.find(foldCase(name));
+        files.push_back(
+            {.from = source / name, .to = target / (twin == folded.end() ? name : twin->second)});
+    }
     return files;
 }
 

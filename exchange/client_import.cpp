@@ -94,11 +94,14 @@ std::optional<MatchedClient> matchOf(const ListView& list, const KlientDat& card
         .row = *at, .id = row.tag, .intid = std::string(subItem(row, ClientColumn::Intid))};
 }
 
-// Merges a client unless the user does not want an existing one overwritten.
-void mergeAfterQuestion(ImportRun& run, const ComingClient& client) {
+// Merges a client unless the user, asked by one of the boxes, does not want an existing one
+// overwritten.
+void mergeAfterQuestion(ImportRun& run, const ComingClient& client,
+                        bool (Dialogs::*ask)(const std::string&, const std::string&)) {
     ClientContext& clients = run.context().clients;
+    Dialogs& dialogs = clients.platform.dialogs;
     const std::optional<MatchedClient> match = matchOf(clients.clients.list, client.card);
-    if (match && !clients.platform.dialogs.question(existsQuestion(clients.session, client.card)))
+    if (match && !(dialogs.*ask)(existsQuestion(clients.session, client.card), {}))
         run.skip(match->intid);
     else
         run.merge(client, match);
@@ -170,7 +173,7 @@ ImportedClients importClient(ExchangeContext& context) {
         return {};
     }
     ImportRun run(context);
-    mergeAfterQuestion(run, client);
+    mergeAfterQuestion(run, client, &Dialogs::confirmation);
     if (run.results.empty() || run.results.front().result != ImportResult::Skipped)
         removeImportFolder(context.clients.session);
     return run.results;
@@ -187,7 +190,7 @@ ImportedClients importGroup(ExchangeContext& context) {
     ImportRun run(context);
     eachClient(context, *folder, true, [&](const ComingClient& client) {
         if (client.card.exists())
-            mergeAfterQuestion(run, client);
+            mergeAfterQuestion(run, client, &Dialogs::question);
     });
     removeImportFolder(context.clients.session);
     return run.results;

@@ -53,7 +53,10 @@ void rewriteKlientDat(const fs::path& folder, const ClientCard& card, const std:
 } // namespace
 
 ImportRun::ImportRun(ExchangeContext& context)
-    : context_(context), backup_(context.clients.session, context.clients.platform.clock) {}
+    : context_(context), backup_(context.clients.session, context.clients.platform.clock) {
+    for (const std::string& name : listFiles(context.clients.session.clientsFolder, "*"))
+        folders_.insert(foldCase(name));
+}
 
 ImportRun::~ImportRun() {
     endBatch();
@@ -93,19 +96,21 @@ void ImportRun::beginCard(bool matched) {
 // another one.
 bool ImportRun::takeOwnIntid() {
     constexpr int tries = 60;
-    const Session& session = context_.clients.session;
     Platform& platform = context_.clients.platform;
     Property<std::string>& intid = context_.clients.card.intid.text;
-    const auto isTaken = [&] {
-        bool taken = false;
-        attempt([&] { taken = !isMissing(clientFolder(session, intid.get())); });
-        return taken;
-    };
-    for (int i = 0; i < tries && isTaken(); ++i) {
+    for (int i = 0; i < tries && isTaken(intid); ++i) {
         platform.loop.wait(1s);
         attempt([&] { intid = vratUnik(platform.locale, platform.clock.now()); });
     }
-    return !isTaken();
+    const bool taken = isTaken(intid);
+    folders_.insert(foldCase(intid.get()));
+    return !taken;
+}
+
+// By the folders that were there at the beginning, whatever their case, and those that came since.
+bool ImportRun::isTaken(const std::string& intid) const {
+    return !intid.empty() && (folders_.contains(foldCase(intid)) ||
+                              !isMissing(context_.clients.session.clientsFolder / intid));
 }
 
 void ImportRun::fillCard(const ComingClient& client) {

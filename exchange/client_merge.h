@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,7 @@ public:
 private:
     void beginCard(bool matched);
     bool takeOwnIntid();
+    [[nodiscard]] bool isTaken(const std::string& intid) const;
     void fillCard(const ComingClient& client);
     void makeNew(const ComingClient& client);
     void overwrite(const ComingClient& client, const MatchedClient& match);
@@ -69,6 +71,7 @@ private:
 
     ExchangeContext& context_;
     ImportBackup backup_;
+    std::set<std::string> folders_;    // the clients' folders, folded
     std::optional<Transaction> batch_; // several clients reach the disk together
     std::chrono::steady_clock::time_point batchBegun_;
 };

@@ -129,6 +129,8 @@ void checkControlData(std::string_view table) {
     require(std::has_single_bit(window) && window >= blockBytes && window <= most);
     require(interval >= blockBytes && interval <= most && interval % blockBytes == 0);
     require(interval % (window / 2) == 0);
+    const std::uint32_t windows = number32At(table, 20); // in one interval
+    require(windows > 0 && windows <= 64);
 }
 
 // Gives the length of the section when it is unpacked.

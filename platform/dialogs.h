@@ -15,6 +15,10 @@ public:
     virtual void message(const std::string& text, const std::string& title = {}) = 0;
     // Yes and No; the safe answer No is the default.
     virtual bool question(const std::string& text, const std::string& title = {}) = 0;
+    // OK and Cancel; Cancel is the default.
+    virtual bool confirmation(const std::string& text, const std::string& title = {}) {
+        return question(text, title);
+    }
     // A line of text; empty when cancelled.
     virtual std::string input(const std::string& prompt, const std::string& title) = 0;
     // Empty when cancelled.

@@ -16,7 +16,7 @@
 namespace vorna {
 namespace {
 
-std::string toUtf8(const icu::UnicodeString& text) {
+std::string utf8Of(const icu::UnicodeString& text) {
     std::string result;
     text.toUTF8String(result);
     return result;
@@ -30,7 +30,7 @@ icu::Locale icuLocale(std::string_view name) {
 std::string withPlainBlanks(icu::UnicodeString text) {
     text.findAndReplace(icu::UnicodeString(static_cast<char16_t>(0x202F)), icu::UnicodeString(" "));
     text.findAndReplace(icu::UnicodeString(static_cast<char16_t>(0x00A0)), icu::UnicodeString(" "));
-    return toUtf8(text);
+    return utf8Of(text);
 }
 
 std::string bestPattern(const icu::Locale& locale, const char* skeleton) {
@@ -76,9 +76,9 @@ Locale localeByName(std::string_view name) {
     icu::UnicodeString language;
     locale.getDisplayLanguage(icu::Locale::getEnglish(), language);
     using Symbols = icu::DecimalFormatSymbols;
-    return {.englishLanguageName = toUtf8(language),
-            .decimalSeparator = toUtf8(symbols.getSymbol(Symbols::kDecimalSeparatorSymbol)),
-            .groupSeparator = toUtf8(symbols.getSymbol(Symbols::kGroupingSeparatorSymbol)),
+    return {.englishLanguageName = utf8Of(language),
+            .decimalSeparator = utf8Of(symbols.getSymbol(Symbols::kDecimalSeparatorSymbol)),
+            .groupSeparator = utf8Of(symbols.getSymbol(Symbols::kGroupingSeparatorSymbol)),
             .datePattern = withoutBlanks(bestPattern(locale, "yMd")),
             .timePattern = bestPattern(locale, "jms"),
             .name = locale.getName()};

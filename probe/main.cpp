@@ -63,6 +63,9 @@ int run(int count, char** arguments) {
     app.add_option("--speed", options.speed, "runs this many times as fast as real time")
         ->check(CLI::Range(0.01, 10'000.0))
         ->capture_default_str();
+    app.add_flag("--timed", options.timed,
+                 "begins each line with its time in the play, in milliseconds: the clock of a fast "
+                 "vorna-tool measure follows it");
     try {
         app.parse(count, arguments);
     } catch (const CLI::ParseError& error) {

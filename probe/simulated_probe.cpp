@@ -123,8 +123,6 @@ private:
         return false;
     }
 
-    // All lines that are due go out together, so that a reader that comes in between sees either
-    // none or all of them.
     void printDueLines() {
         using WholeLines = std::chrono::duration<std::int64_t>;
         const std::int64_t due =
@@ -132,9 +130,14 @@ private:
         linesPrinted_ = std::max(linesPrinted_, due - mostLinesAtOnce);
         for (; linesPrinted_ < due; ++linesPrinted_)
             if (unsentText_.size() < mostUnsentText)
-                unsentText_ += formatReadingLine(readingAt(
-                    options_.play, static_cast<double>(linesPrinted_) / options_.linesPerSecond));
+                unsentText_ += lineAt(static_cast<double>(linesPrinted_) / options_.linesPerSecond);
         unsentText_.erase(0, terminal_.write(unsentText_));
+    }
+
+    [[nodiscard]] std::string lineAt(double seconds) const {
+        const int reading = readingAt(options_.play, seconds);
+        const auto time = std::chrono::floor<std::chrono::milliseconds>(Seconds(seconds));
+        return options_.timed ? formatTimedLine(time.count(), reading) : formatReadingLine(reading);
     }
 
     void noteSentText() {

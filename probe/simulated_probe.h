@@ -14,6 +14,7 @@ struct ProbeOptions {
     Play play;
     double linesPerSecond = 25; // a reader uses 50 at most
     double speed = 1;           // the play and the lines run this many times as fast
+    bool timed = false;         // each line begins with its time in the play, in milliseconds
 };
 
 // Prints the pseudo-terminal's path to `out` and plays until SIGINT or SIGTERM, which must be

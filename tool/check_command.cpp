@@ -1,4 +1,5 @@
 #include "application/installation_check.h"
+#include "platform/program_folders.h"
 #include "tool/command.h"
 
 #include <cstdlib>

@@ -1,5 +1,6 @@
 #include "tool/guided_measurement.h"
 
+#include "acquisition/reading_line.h"
 #include "application/measuring.h"
 #include "platform/qt/qt_serial_line.h"
 #include "tool/command.h"
@@ -16,25 +17,28 @@ using namespace std::chrono_literals;
 // The probe sends all the time, also off the skin: a line that is still for so long is gone. Real
 // time, whatever the clock's speed.
 constexpr auto longestSilence = 10s;
-// So long a fast clock waits for a line that says nothing.
-constexpr auto longestWait = 250ms;
-
+// So long a fast device may take to its first line.
+constexpr auto longestBegin = 2s;
+constexpr std::size_t longestLine = 1000; // characters
 using RealClock = std::chrono::steady_clock;
 using RealTime = RealClock::time_point;
 
-// The line to the port that was named, whatever the settings say. A clock that runs faster than
-// real time never runs ahead of the line: it waits for what the device has to say of a moment, and
-// when the machine has kept either of them waiting, the lines that come together are spread over
-// the time in which they were sent.
+// The line to the port that was named, whatever the settings say. A device that plays faster than
+// real time can tell its own time in each line; the clock then follows the device and nothing else,
+// however long the machine keeps either of them waiting.
 class NamedPort final : public SerialLine {
 public:
-    NamedPort(std::string path, bool isFast) : path_(std::move(path)), isFast_(isFast) {
+    NamedPort(std::string path, double speed) : path_(std::move(path)), speed_(speed) {
         line_.received = [this](std::string_view text) { onReceived(text); };
     }
     bool open(const std::string&) override {
-        heardUntil_ = RealClock::now();
-        isOpen_ = line_.open(path_);
-        return isOpen_;
+        opened_ = lastReceived_ = RealClock::now();
+        if (!line_.open(path_))
+            return false;
+        isOpen_ = true;
+        while (speed_ > 1 && !firstTime_ && RealClock::now() < opened_ + longestBegin)
+            letEventsIn();
+        return true;
     }
     void configure(std::string_view settings) override { line_.configure(settings); }
     void send(std::string_view text) override { line_.send(text); }
@@ -44,12 +48,12 @@ public:
         waiting_.clear();
     }
 
-    // Lets the time pass until a moment, and hands on what was sent by then.
+    // Lets the time pass until a moment, and hands on what the device sent by then.
     void passTime(RealTime until) {
-        if (!isFast_ || !isOpen_)
+        if (!isOpen_ || !firstTime_)
             return OffscreenQt::letEventsInUntil(until);
-        while (heardUntil_ < until && RealClock::now() < std::max(until, heardUntil_ + longestWait))
-            OffscreenQt::letEventsInUntil(RealClock::now() + 1ms);
+        while (toldUntil_ < until && !isStill())
+            letEventsIn();
         while (!waiting_.empty() && waiting_.front().sent <= until) {
             const std::string text = std::move(waiting_.front().text);
             waiting_.pop_front();
@@ -57,30 +61,37 @@ public:
         }
     }
 
-    [[nodiscard]] bool isStill() const { return RealClock::now() - heardUntil_ > longestSilence; }
+    [[nodiscard]] bool isStill() const { return RealClock::now() - lastReceived_ > longestSilence; }
 
 private:
-    struct Piece {
+    struct TimedLine {
         RealTime sent;
-        std::string text; // to the end of a line, if it came
+        std::string text;
     };
 
+    static void letEventsIn() { OffscreenQt::letEventsInUntil(RealClock::now() + 1ms); }
+
     void onReceived(std::string_view text) {
-        const RealTime now = RealClock::now();
-        if (isFast_)
-            keepPieces(text,
-                       (now - heardUntil_) /
-                           std::max<std::ptrdiff_t>(1, std::count(text.begin(), text.end(), '\n')));
-        else
-            handOn(text);
-        heardUntil_ = now;
-    }
-    void keepPieces(std::string_view text, RealClock::duration pause) {
-        for (RealTime sent = heardUntil_ + pause; !text.empty(); sent += pause) {
-            const std::string_view piece = text.substr(0, text.find('\n') + 1);
-            waiting_.push_back({sent, std::string(piece.empty() ? text : piece)});
-            text.remove_prefix(waiting_.back().text.size());
+        lastReceived_ = RealClock::now();
+        if (speed_ <= 1)
+            return handOn(text);
+        begun_ += text;
+        for (auto end = begun_.find('\n'); end != std::string::npos; end = begun_.find('\n')) {
+            onLine(begun_.substr(0, end + 1));
+            begun_.erase(0, end + 1);
         }
+        if (begun_.size() > longestLine)
+            begun_.clear();
+    }
+    void onLine(std::string line) {
+        const std::optional<std::int64_t> time = timeOfLine(line);
+        if (!time)
+            return handOn(line);
+        if (!firstTime_)
+            firstTime_ = *time;
+        const std::chrono::duration<double, std::milli> since(double(*time - *firstTime_) / speed_);
+        toldUntil_ = opened_ + std::chrono::duration_cast<RealClock::duration>(since);
+        waiting_.push_back({toldUntil_, std::move(line)});
     }
     void handOn(std::string_view text) const {
         if (received)
@@ -88,10 +99,14 @@ private:
     }
 
     std::string path_;
-    bool isFast_;
+    double speed_;
     bool isOpen_ = false;
-    RealTime heardUntil_;
-    std::deque<Piece> waiting_;
+    RealTime opened_;
+    RealTime lastReceived_;
+    std::string begun_;                     // a line whose end is still to come
+    std::optional<std::int64_t> firstTime_; // milliseconds of the device, at `opened_`
+    RealTime toldUntil_;                    // the device's time of the newest line
+    std::deque<TimedLine> waiting_;         // lines of a time that the clock has not reached
     QtSerialLine line_;
 };
 
@@ -191,7 +206,7 @@ std::string measureGuided(ToolProcess& process, const GuidedMeasurement& order) 
     Button& button = kindButton(process.window, order.kind);
     if (!button.visible)
         throw CannotRun("--kind: " + order.kind + " is not measured in this mode");
-    NamedPort port(std::filesystem::absolute(order.port).string(), order.speed > 1);
+    NamedPort port(std::filesystem::absolute(order.port).string(), order.speed);
     NoSearch search;
     Measuring measuring(process.window, process.context, {.line = port, .search = search});
     Operator practitioner(order, process, port, measuring);

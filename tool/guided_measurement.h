@@ -13,7 +13,9 @@ struct GuidedMeasurement {
     std::string kind; // P, T, B or E
     std::string port; // the serial port's path, whatever the settings say
     int startIndex = 1;
-    double speed = 1;     // of the clock; above 1 the device must play as fast
+    // Of the clock. Above 1 the device must play as fast; one that tells its own time in its lines
+    // is then followed exactly, any other may be missed in part where the machine is busy.
+    double speed = 1;
     double patience = 60; // seconds of real time: longer than this no point may take
     std::function<void(int points)> pointsChanged; // how many points are measured or skipped
 };

@@ -20,9 +20,17 @@ void RecordingDialogs::message(const std::string& text, const std::string&) {
 }
 
 bool RecordingDialogs::question(const std::string& text, const std::string&) {
+    return ask(text, "no");
+}
+
+bool RecordingDialogs::confirmation(const std::string& text, const std::string&) {
+    return ask(text, "cancel");
+}
+
+bool RecordingDialogs::ask(const std::string& text, const char* otherwise) {
     std::string answer = nextAnswer();
     const bool yes = answer == "yes" || answer == "ok";
-    shown_.push_back({"question", text, answer.empty() ? "no" : std::move(answer)});
+    shown_.push_back({"question", text, answer.empty() ? otherwise : std::move(answer)});
     return yes;
 }
 

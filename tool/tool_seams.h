@@ -22,8 +22,8 @@ struct ShownMessage {
     std::optional<std::string> answer; // of questions
 };
 
-// Answers questions in the order given; the last answer stays, and without any it is no. Input
-// boxes are cancelled, and so are choosers that have no path to answer with.
+// Answers questions in the order given; the last answer stays, and without any it is no or cancel.
+// Input boxes are cancelled, and so are choosers that have no path to answer with.
 class RecordingDialogs final : public Dialogs {
 public:
     RecordingDialogs(EventLoop& loop, std::vector<std::string> answers)
@@ -31,6 +31,7 @@ public:
 
     void message(const std::string& text, const std::string& title) override;
     bool question(const std::string& text, const std::string& title) override;
+    bool confirmation(const std::string& text, const std::string& title) override;
     std::string input(const std::string& prompt, const std::string& title) override;
     std::filesystem::path chooseFolder(const std::string& title) override;
     std::filesystem::path chooseFile(const std::string& title, const std::string& pattern) override;
@@ -42,6 +43,7 @@ public:
     std::filesystem::path chosenPath;
 
 private:
+    bool ask(const std::string& text, const char* otherwise);
     std::string nextAnswer();
     std::filesystem::path choose(const std::string& title);
 

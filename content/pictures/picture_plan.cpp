@@ -33,34 +33,34 @@ std::vector<std::string> inLibrary(const std::string& pattern) {
 
 // ---- Points and sets
 
-enum class PointPicture { Close, Region, Body };
+enum class PictureOfPoint { Close, Region, Body };
 
 // The folder of a set's pictures of this kind.
-int setFolder(PointPicture kind) {
+int setFolder(PictureOfPoint kind) {
     return static_cast<int>(kind) + 1;
 }
 
-QImage drawPoint(PointPainter& painter, PointPicture kind, const PointSubject& subject) {
+QImage drawPoint(PointPainter& painter, PictureOfPoint kind, const PointSubject& subject) {
     switch (kind) {
-    case PointPicture::Close:
+    case PictureOfPoint::Close:
         return painter.close(subject).image;
-    case PointPicture::Region:
+    case PictureOfPoint::Region:
         return painter.region(subject).image;
     default:
         return painter.body(subject).image;
     }
 }
 
-std::vector<std::string> namesOf(const ReferenceTexts& texts, PointPicture kind,
+std::vector<std::string> namesOf(const ReferenceTexts& texts, PictureOfPoint kind,
                                  const PointSubject& subject) {
     std::vector<std::string> found;
     const bool midline = isMidline(subject.pointLong);
     for (const char side : {'0', '1'}) {
-        if (kind == PointPicture::Body || (!midline && (side == '1') != subject.right))
+        if (kind == PictureOfPoint::Body || (!midline && (side == '1') != subject.right))
             continue;
         addInBothModes(found, std::string(names::libraryPictures),
                        names::pointPictureOfTag(subject.pointLong + side,
-                                                kind == PointPicture::Close ? 'K' : 'F'));
+                                                kind == PictureOfPoint::Close ? 'K' : 'F'));
     }
     for (const SetRow& row : texts.setRows) {
         constexpr char right = '2';
@@ -79,8 +79,8 @@ void addPoints(const ReferenceTexts& texts, std::vector<PictureJob>& jobs) {
             throw Failure("the sets ask for the point " + row.pointLong + ", which is none");
     for (const std::string& pointLong : texts.points)
         for (const bool right : {false, true})
-            for (const PointPicture kind :
-                 {PointPicture::Region, PointPicture::Close, PointPicture::Body}) {
+            for (const PictureOfPoint kind :
+                 {PictureOfPoint::Region, PictureOfPoint::Close, PictureOfPoint::Body}) {
                 const PointSubject subject{.pointLong = pointLong, .right = right};
                 std::vector<std::string> found = namesOf(texts, kind, subject);
                 if (found.empty() || (right && isMidline(pointLong)))

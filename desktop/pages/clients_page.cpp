@@ -24,7 +24,7 @@ TableForm clientForm(const Texts& texts) {
         return made;
     };
     TableForm form;
-    form.columns = {column(0, 18),       column(1, 15),       column(2, 12),      column(3, 14),
+    form.columns = {column(0, 18), column(1, 15),       column(2, 12),      column(3, 14),
                     column(4, 17), column(5, 16, true), column(6, 15, true)};
     form.columns[6].header = "ID";
     form.emptyText = texts("ListView2.empty");

@@ -35,14 +35,14 @@ QPushButton* startStopButton(const PageParts& parts) {
 QLayout* valueLine(const PageParts& parts) {
     FreeMeasurementTab& tab = parts.window.freeMeasurement;
     QHBoxLayout* const line = row(56);
-    auto* const value =
-        new FittedLabel({.largest = freeValueType, .smallest = 40, .bold = true});
+    auto* const value = new FittedLabel({.largest = freeValueType, .smallest = 40, .bold = true});
     value->setPlaceholder("---");
     value->setAlignment(Qt::AlignRight);
     parts.binder.bind(tab.value, *value);
     line->addWidget(value, 3);
     auto* const percent = new FittedLabel(
         {.largest = freePercentType, .smallest = 24, .bold = true, .ink = theme().ink2});
+    percent->setOnLineOf(*value);
     parts.binder.bind(tab.percent, *percent);
     line->addWidget(percent, 2);
     return line;

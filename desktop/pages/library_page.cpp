@@ -52,7 +52,7 @@ QWidget* meridianColumn(const PageParts& parts) {
     whole->setLayout(lines);
     lines->addWidget(new Heading({}, parts.texts("Frame16.caption")));
     TableForm form;
-    form.columns = {tableColumn(0, 44, true), tableColumn(1, 45), tableColumn(2, 19),
+    form.columns = {tableColumn(0, 58, true), tableColumn(1, 45), tableColumn(2, 19),
                     tableColumn(3, 19), tableColumn(4, 17)};
     auto* const table = new ListTable(std::move(form));
     table->setAccessibleName(parts.texts("Frame16.caption"));

@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace vorna {
@@ -93,7 +94,8 @@ public:
         setFixedWidth(px(panelWidth));
     }
     void fit(int windowWidth) {
-        setFixedWidth(px(windowWidth < px(narrowBelow) ? narrowPanelWidth : panelWidth));
+        const int wanted = px(windowWidth < px(narrowBelow) ? narrowPanelWidth : panelWidth);
+        setFixedWidth(std::max(wanted, widget()->minimumSizeHint().width()));
     }
 };
 

@@ -57,8 +57,7 @@ QWidget* languageChoices(const PageParts& parts) {
     auto* const group = new QButtonGroup(whole);
     for (const auto& control : parts.window.languageOptions.members) {
         const auto index = static_cast<std::size_t>(control->index());
-        auto* const choice =
-            new ChoiceButton(flagSigns.at(index), ChoiceButton::Form::Above, true);
+        auto* const choice = new ChoiceButton(flagSigns.at(index), ChoiceButton::Form::Above, true);
         group->addButton(choice);
         parts.binder.bind(*control, *choice);
         choice->setWord(QString::fromUtf8(names.at(index)));

@@ -58,6 +58,14 @@ bool QtDialogs::question(const std::string& text, const std::string& title) {
     return box.exec() == QMessageBox::Yes;
 }
 
+bool QtDialogs::confirmation(const std::string& text, const std::string& title) {
+    QMessageBox box(QMessageBox::Question, titled(title), qtText(text),
+                    QMessageBox::Ok | QMessageBox::Cancel, owner());
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Ok;
+}
+
 std::string QtDialogs::input(const std::string& prompt, const std::string& title) {
     bool accepted = false;
     const QString text = QInputDialog::getText(owner(), titled(title), qtText(prompt),

@@ -13,10 +13,10 @@ public:
 
     void message(const std::string& text, const std::string& title) override;
     bool question(const std::string& text, const std::string& title) override;
+    bool confirmation(const std::string& text, const std::string& title) override;
     std::string input(const std::string& prompt, const std::string& title) override;
     std::filesystem::path chooseFolder(const std::string& title) override;
-    std::filesystem::path chooseFile(const std::string& title,
-                                     const std::string& pattern) override;
+    std::filesystem::path chooseFile(const std::string& title, const std::string& pattern) override;
     void notice(const std::string& text) override;
 
 private:

@@ -3,7 +3,6 @@
 
 #include "platform/dialogs.h"
 
-
 #include <chrono>
 #include <map>
 #include <memory>

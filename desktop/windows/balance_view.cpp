@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace vorna {
@@ -61,6 +62,7 @@ Card* figureCard(Binder& binder, Label& name, TextBox& figure) {
     binder.onChange(name, show);
     binder.onChange(figure, show);
     lines.addWidget(above);
+    lines.addStretch(1);
     lines.addWidget(value);
     return card;
 }
@@ -114,7 +116,7 @@ QWidget* figureColumn(Binder& binder, BalanceWindow& window) {
     lines->addLayout(figures);
     lines->addWidget(linesCard(binder, window));
     auto* const pie = new ChartView;
-    pie->setSizeWanted({px(450), px(260)});
+    pie->setSizeWanted({px(300), px(130)}); // grows with the room
     binder.bind(window.quadrants, *pie);
     lines->addWidget(pie, 1);
     return whole;
@@ -129,7 +131,7 @@ std::unique_ptr<WindowView> makeBalanceView(const Session&, BalanceWindow& windo
     lines->addWidget(titleBlock(binder, window.title, window.subtitle));
     auto* const halves = row(16);
     halves->addWidget(crossCard(binder, window), 57);
-    halves->addWidget(figureColumn(binder, window), 43);
+    halves->addWidget(scrollingColumn(figureColumn(binder, window)), 43);
     lines->addLayout(halves, 1);
     auto* const foot = new WindowFoot;
     foot->addRight(boundButton(binder, window.back, "back", ButtonRole::Primary));

@@ -10,10 +10,13 @@
 #include "desktop/windows/window_parts.h"
 #include "evaluation/chart_window.h"
 
+#include <QFontMetrics>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QResizeEvent>
 #include <QSplitter>
+#include <QTextDocument>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -26,30 +29,38 @@ namespace {
 // In pixels of the 15 px body text.
 constexpr int evaluationWidth = 420;
 constexpr int besideFrom = 1100;
-constexpr double evaluationShareBelow = 0.42;
+constexpr int evaluationPercentBelow = 40;
 constexpr const char* takesKeyboard = "vornaTakesKeyboard";
 
-// The chart fills the window; the evaluation stands beside it, or below where the window is narrow.
-class ChartWindowView final : public WindowView {
+// The chart, and beside it the evaluation, or below where the window is narrow. Beside, the
+// evaluation keeps its width as the window grows.
+class EvaluationSplit final : public QSplitter {
 public:
-    ChartWindowView(ChartWindow& window, QSplitter* split) : WindowView(window), split_(split) {}
+    EvaluationSplit() {
+        setChildrenCollapsible(false);
+        setHandleWidth(px(16));
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
-        WindowView::resizeEvent(event);
-        const bool beside = width() >= px(besideFrom);
+        const bool beside = window()->width() >= px(besideFrom);
         const Qt::Orientation wanted = beside ? Qt::Horizontal : Qt::Vertical;
-        if (std::exchange(laidOut_, true) && split_->orientation() == wanted)
+        const bool anew = !std::exchange(laidOut_, true) || orientation() != wanted;
+        if (anew) {
+            setOrientation(wanted);
+            setStretchFactor(0, beside ? 1 : 100 - evaluationPercentBelow);
+            setStretchFactor(1, beside ? 0 : evaluationPercentBelow);
+        }
+        QSplitter::resizeEvent(event);
+        if (!anew)
             return;
-        split_->setOrientation(wanted);
-        const int all = beside ? width() : height();
         const int evaluation =
-            beside ? px(evaluationWidth) : static_cast<int>(all * evaluationShareBelow);
-        split_->setSizes({std::max(all - evaluation, 1), evaluation});
+            beside ? px(evaluationWidth) : height() * evaluationPercentBelow / 100;
+        setSizes(
+            {std::max((beside ? width() : height()) - handleWidth() - evaluation, 1), evaluation});
     }
 
 private:
-    QSplitter* split_;
     bool laidOut_ = false;
 };
 
@@ -59,13 +70,31 @@ QString problemSign(const ListRow& row) {
     return row.tag == "2" ? "low" : row.tag == "3" ? "up" : QString();
 }
 
-TableForm problemForm(const Texts& texts) {
+// The first header has two words, which stand below each other.
+std::vector<QString> problemHeaders(const ChartWindow& window) {
+    std::vector<QString> headers;
+    for (const std::string& header : window.problems.headers.get())
+        headers.push_back(qt(header).replace(" / ", " /\n"));
+    return headers;
+}
+
+// All columns are as wide as their headers, or as what stands in them; the problem has the rest.
+TableForm problemForm(const Texts& texts, const ChartWindow& window) {
+    constexpr std::array least{104.0, 0.0, 56.0, 0.0, 66.0};
+    constexpr double headerMargins = 22;
+    constexpr std::size_t pointIdColumn = pathwayColumn;
+    const QFontMetrics metrics(sizedFont(13, true));
+    const double pixel = px(1000) / 1000.0;
+    const std::vector<QString> headers = problemHeaders(window);
     TableForm form;
-    constexpr std::array widths{27.0, 38.0, 18.0, 0.0, 17.0}; // without the point id
-    for (std::size_t i = 0; i < widths.size(); ++i) {
+    for (std::size_t i = 0; i < headers.size(); ++i) {
+        const double header = metrics.size(0, headers[i]).width() / pixel + headerMargins;
         TableColumn column;
+        column.header = headers[i];
         column.source = i;
-        column.width = widths.at(i);
+        column.fixed = i != problemColumn;
+        if (column.fixed)
+            column.width = i == pointIdColumn ? 0 : std::max(least.at(i), header);
         column.right = column.strong = i == differenceColumn;
         form.columns.push_back(column);
     }
@@ -89,18 +118,16 @@ QWidget* problemPanel(Binder& binder, const Texts& texts, ChartWindow& window) {
     panel->setLayout(lines);
     Heading* const heading = panelHeading(binder, "alert", window.problemsHeading);
     lines->addWidget(heading);
-    auto* const table = new ListTable(problemForm(texts));
+    auto* const table = new ListTable(problemForm(texts, window));
+    table->header()->setTextElideMode(Qt::ElideNone);
+    table->header()->setFixedHeight(px(46));
     table->setAccessibleName(qt(window.problemsHeading.caption));
     binder.bind(window.problems, *table);
     lines->addWidget(table, 1);
     QWidget* const foot = hint("info", qt(window.hint.caption));
     lines->addWidget(foot);
     binder.onChange(window.hint, [&window, foot] { foot->setVisible(window.hint.visible); });
-    binder.onChange(window.problems, [&window, panel, heading, table] {
-        std::vector<QString> headers;
-        for (const std::string& header : window.problems.headers.get())
-            headers.push_back(qt(header));
-        table->setHeaders(headers);
+    binder.onChange(window.problems, [&window, panel, heading] {
         heading->setNote(QString::number(window.problems.size()));
         panel->setVisible(window.problems.visible);
     });
@@ -112,13 +139,14 @@ QWidget* textPanel(Binder& binder, ChartWindow& window) {
     QVBoxLayout* const lines = column(10);
     panel->setLayout(lines);
     lines->addWidget(panelHeading(binder, "doc", window.evaluationHeading));
-    auto* const card = new Card;
     auto* const text = new TextView;
+    text->setFrameShape(QFrame::StyledPanel);
+    text->viewport()->setAutoFillBackground(true);
+    text->document()->setDocumentMargin(px(16));
     text->setFont(sizedFont(17));
     text->setAccessibleName(qt(window.evaluationHeading.caption));
     binder.bind(window.evaluation, *text);
-    card->body().addWidget(text);
-    lines->addWidget(card, 1);
+    lines->addWidget(text, 1);
     binder.onChange(window.evaluation,
                     [&window, panel] { panel->setVisible(window.evaluation.visible); });
     return panel;
@@ -142,8 +170,7 @@ QWidget* evaluationSide(Binder& binder, const Texts& texts, ChartWindow& window)
 // takes over the keyboard from the one that goes.
 void shareOnePlace(Binder& binder, ChartWindow& window, QPushButton& show, QPushButton& hide) {
     const int width = std::max(show.sizeHint().width(), hide.sizeHint().width());
-    const auto takeOver = [](const Button& control, QPushButton& coming,
-                                    QPushButton& going) {
+    const auto takeOver = [](const Button& control, QPushButton& coming, QPushButton& going) {
         QObject::connect(&going, &QPushButton::clicked, &coming, [&coming, &going] {
             coming.setProperty(takesKeyboard, going.hasFocus());
         });
@@ -180,17 +207,13 @@ QWidget* chartFoot(Binder& binder, ChartWindow& window) {
 } // namespace
 
 std::unique_ptr<WindowView> makeChartView(const Session& session, ChartWindow& window) {
-    auto* const split = new QSplitter;
-    auto view = std::make_unique<ChartWindowView>(window, split);
+    auto view = std::make_unique<WindowView>(window);
     Binder& binder = view->binder();
+    auto* const split = new EvaluationSplit;
     auto* const chart = new ChartView;
     binder.bind(window.chart, *chart);
     split->addWidget(chart);
     split->addWidget(evaluationSide(binder, Texts(session, window), window));
-    split->setChildrenCollapsible(false);
-    split->setHandleWidth(px(16));
-    split->setStretchFactor(0, 1);
-    split->setStretchFactor(1, 0);
     QVBoxLayout* const lines = windowColumn(*view);
     lines->addWidget(split, 1);
     lines->addWidget(chartFoot(binder, window));

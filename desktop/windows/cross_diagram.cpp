@@ -57,7 +57,7 @@ void paintFigure(QPainter& painter) {
 }
 
 void paintCircles(QPainter& painter) {
-    QPen pen(circleColour, 1);
+    QPen pen(circleColour, 1, Qt::DashLine, Qt::FlatCap);
     pen.setDashPattern({2, 4});
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
@@ -85,8 +85,8 @@ void CrossDiagram::setMarker(const std::optional<CrossMarker>& marker) {
 
 QSizeF CrossDiagram::namesRoom() const {
     const QFontMetricsF metrics(nameFont());
-    const double across = std::max(metrics.horizontalAdvance(ends_.left),
-                                   metrics.horizontalAdvance(ends_.right));
+    const double across =
+        std::max(metrics.horizontalAdvance(ends_.left), metrics.horizontalAdvance(ends_.right));
     return {2 * (across + px(nameGap)), 2 * (metrics.height() + px(nameGap) / 2.0)};
 }
 
@@ -105,9 +105,9 @@ void CrossDiagram::paintNames(QPainter& painter, const QRectF& square) const {
     const double gap = px(nameGap);
     const double height = room.height();
     const QPointF middle = square.center();
-    painter.drawText(QRectF(square.left() - room.width(), middle.y() - height, room.width() - gap,
-                            2 * height),
-                     Qt::AlignRight | Qt::AlignVCenter, ends_.left);
+    painter.drawText(
+        QRectF(square.left() - room.width(), middle.y() - height, room.width() - gap, 2 * height),
+        Qt::AlignRight | Qt::AlignVCenter, ends_.left);
     painter.drawText(QRectF(square.right() + gap, middle.y() - height, room.width(), 2 * height),
                      Qt::AlignLeft | Qt::AlignVCenter, ends_.right);
     painter.drawText(QRectF(0, square.top() - height, width(), height - gap / 2),
@@ -124,7 +124,7 @@ void CrossDiagram::paintMarker(QPainter& painter, const QRectF& square) const {
     };
     const QPointF place(square.left() + share(marker_->centreX) * square.width(),
                         square.bottom() - share(marker_->referenceY) * square.height());
-    QPen dashes(markerColour, 1.3);
+    QPen dashes(markerColour, 1.3, Qt::DashLine, Qt::FlatCap);
     dashes.setDashPattern({4, 3});
     painter.setPen(dashes);
     painter.drawLine(place, QPointF(place.x(), square.center().y()));

@@ -1,5 +1,4 @@
 #include "desktop/binder.h"
-#include "desktop/card.h"
 #include "desktop/chart_view.h"
 #include "desktop/theme.h"
 #include "desktop/windows/views.h"

@@ -33,7 +33,7 @@ QWidget* infoPictures(Binder& binder, InfoPanel& window) {
     whole->setLayout(line);
     for (Picture* const control : {&window.picture, &window.secondPicture}) {
         auto* const picture = new PictureView;
-        picture->setSizeWanted({px(200), px(240)});
+        picture->setSizeWanted({px(200), px(190)});
         bindUnlessEmpty(binder, *control, *picture);
         line->addWidget(picture, 1);
     }

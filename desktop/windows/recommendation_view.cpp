@@ -23,12 +23,13 @@
 namespace vorna {
 namespace {
 
+// Percent of the width.
 constexpr int listShare = 45;
 constexpr int detailShare = 55;
 // The point's label is in the large type from this width on.
 constexpr int largeLabelFrom = 520;
 constexpr double largeLabel = 40;
-constexpr double smallLabel = 28;
+constexpr double smallLabel = 25;
 
 // The label of the point and its Chinese name, in the largest type that the width has room for.
 class PointHead final : public QWidget {
@@ -57,6 +58,26 @@ private:
     std::vector<QLabel*> labels_;
 };
 
+// The list and the detail keep their shares of the width until the user moves the border.
+class ProposalSplit final : public QSplitter {
+public:
+    ProposalSplit() {
+        setChildrenCollapsible(false);
+        setHandleWidth(px(18));
+        connect(this, &QSplitter::splitterMoved, this, [this] { moved_ = true; });
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QSplitter::resizeEvent(event);
+        if (!moved_)
+            setSizes({width() * listShare / 100, width() * detailShare / 100});
+    }
+
+private:
+    bool moved_ = false;
+};
+
 TableForm proposalForm(const Texts& texts) {
     TableColumn what;
     what.width = 9701;
@@ -68,7 +89,7 @@ TableForm proposalForm(const Texts& texts) {
     form.columns = {what, point};
     form.checks = true;
     form.headers = false;
-    form.lines = 2;
+    form.lines = 3;
     form.rowHeight = 54;
     form.emptyText = texts("ListView3.empty");
     return form;
@@ -87,8 +108,8 @@ QWidget* proposalList(Binder& binder, const Texts& texts, RecommendationWindow& 
     binder.bind(window.points, *table);
     binder.onChange(window.points, [&window, heading, checked = texts("Label5.caption")] {
         const std::vector<ListRow>& rows = window.points.unfinishedRows();
-        const auto count = std::count_if(rows.begin(), rows.end(),
-                                         [](const ListRow& row) { return row.checked; });
+        const auto count =
+            std::count_if(rows.begin(), rows.end(), [](const ListRow& row) { return row.checked; });
         heading->setNote(checked + QString(" %1").arg(count));
     });
     lines->addWidget(table, 1);
@@ -143,7 +164,7 @@ QWidget* pointPictures(Binder& binder, RecommendationWindow& window) {
     whole->setLayout(line);
     for (Picture* const control : {&window.frontPicture, &window.sidePicture}) {
         auto* const picture = new PictureView;
-        picture->setSizeWanted({px(160), px(200)});
+        picture->setSizeWanted({px(160), px(170)});
         bindUnlessEmpty(binder, *control, *picture);
         line->addWidget(picture, 1);
     }
@@ -175,13 +196,9 @@ std::unique_ptr<WindowView> makeRecommendationView(const Session& session,
                                                    RecommendationWindow& window) {
     auto view = std::make_unique<WindowView>(window);
     Binder& binder = view->binder();
-    auto* const split = new QSplitter;
+    auto* const split = new ProposalSplit;
     split->addWidget(proposalList(binder, Texts(session, window), window));
     split->addWidget(pointDetail(binder, window));
-    split->setChildrenCollapsible(false);
-    split->setHandleWidth(px(18));
-    split->setStretchFactor(0, listShare);
-    split->setStretchFactor(1, detailShare);
     QVBoxLayout* const lines = windowColumn(*view);
     lines->addWidget(split, 1);
     auto* const foot = new WindowFoot;
@@ -189,8 +206,6 @@ std::unique_ptr<WindowView> makeRecommendationView(const Session& session,
     foot->addRight(boundButton(binder, window.back, "back", ButtonRole::Primary));
     lines->addWidget(foot);
     view->setFirstSize(1280, 800);
-    const int all = view->width();
-    split->setSizes({all * listShare / 100, all * detailShare / 100});
     return view;
 }
 

@@ -7,16 +7,38 @@
 #include "desktop/picture_view.h"
 #include "desktop/theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace vorna {
 namespace {
 
 constexpr int footGap = 10;
+
+// As wide at least as its content and the scroll bar beside it.
+class ScrollingColumn final : public QScrollArea {
+public:
+    ScrollingColumn() {
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == widget() && event->type() == QEvent::LayoutRequest)
+            setMinimumWidth(widget()->minimumSizeHint().width() +
+                            verticalScrollBar()->sizeHint().width());
+        return QScrollArea::eventFilter(watched, event);
+    }
+};
 
 } // namespace
 
@@ -90,13 +112,15 @@ QPushButton* boundButton(Binder& binder, Picture& control, const QString& iconNa
 }
 
 QScrollArea* scrollingColumn(QWidget* content) {
-    auto* const area = new QScrollArea;
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* const area = new ScrollingColumn;
     area->setWidget(content);
-    area->setMinimumWidth(content->minimumSizeHint().width());
+    const auto scrollBy = [area](Qt::Key key, QAbstractSlider::SliderAction action) {
+        auto* const shortcut = new QShortcut(key, area);
+        QObject::connect(shortcut, &QShortcut::activated, area,
+                         [area, action] { area->verticalScrollBar()->triggerAction(action); });
+    };
+    scrollBy(Qt::Key_PageDown, QAbstractSlider::SliderPageStepAdd);
+    scrollBy(Qt::Key_PageUp, QAbstractSlider::SliderPageStepSub);
     return area;
 }
 
@@ -124,8 +148,8 @@ void WindowFoot::resizeEvent(QResizeEvent* event) {
         givingText_ = text;
         givingWidth_ = giving_->sizeHint().width();
     }
-    const int others = left_->sizeHint().width() + right_->sizeHint().width() -
-                       giving_->sizeHint().width();
+    const int others =
+        left_->sizeHint().width() + right_->sizeHint().width() - giving_->sizeHint().width();
     const bool fits = others + givingWidth_ + px(footGap) <= width();
     giving_->setText(fits ? givingText_ : QString());
     giving_->setToolTip(fits ? QString() : giving_->accessibleName());

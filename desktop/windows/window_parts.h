@@ -44,7 +44,8 @@ QPushButton* boundButton(Binder& binder, Button& control, const QString& iconNam
 // A picture control that opens something: a button with its caption.
 QPushButton* boundButton(Binder& binder, Picture& control, const QString& iconName);
 
-// Scrolls up and down where the room ends; the content is as wide as it.
+// Scrolls up and down where the room ends, by the page keys of the window too; the content is as
+// wide as it.
 QScrollArea* scrollingColumn(QWidget* content);
 
 // Buttons at the left, which go on in the next line where the room ends, and buttons at the right.

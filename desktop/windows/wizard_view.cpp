@@ -1,7 +1,9 @@
 #include "acquisition/measurement_wizard.h"
+#include "application/main_window.h"
 #include "desktop/binder.h"
 #include "desktop/card.h"
 #include "desktop/picture_view.h"
+#include "desktop/texts.h"
 #include "desktop/theme.h"
 #include "desktop/windows/views.h"
 #include "desktop/wizard/action_bar.h"
@@ -23,17 +25,18 @@ namespace {
 
 constexpr int wizardWidth = 1280;
 constexpr int wizardHeight = 800;
+constexpr int leastWizardWidth = 700;
+constexpr int leastWizardHeight = 520;
 // Below these, in pixels of the 15 px body text, the window is narrow or low.
 constexpr int narrowWizard = 1100;
 constexpr int lowWizard = 700;
 // The columns of the boxes and of the run: their share of the width, and its ends.
 constexpr double boxesShare = 0.24;
-constexpr double leastBoxes = 232;
+constexpr double leastBoxes = 228;
 constexpr double mostBoxes = 306;
 constexpr double runShare = 0.2735;
-constexpr double leastRun = 244;
+constexpr double leastRun = 250;
 constexpr double mostRun = 350;
-constexpr float wizardTwipsPerPixel = 15;
 
 bool isEnter(const QEvent& event) {
     if (event.type() != QEvent::KeyPress)
@@ -44,7 +47,7 @@ bool isEnter(const QEvent& event) {
 
 class WizardView final : public WindowView {
 public:
-    explicit WizardView(MeasurementWizard& wizard);
+    WizardView(const Session& session, MeasurementWizard& wizard);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -64,7 +67,8 @@ private:
     bool sized_ = false;
 };
 
-WizardView::WizardView(MeasurementWizard& wizard) : WindowView(wizard), wizard_(wizard) {
+WizardView::WizardView(const Session& session, MeasurementWizard& wizard)
+    : WindowView(wizard), wizard_(wizard) {
     QVBoxLayout* const lines = column(0);
     setLayout(lines);
     actions_ = new ActionBar(binder(), wizard);
@@ -72,13 +76,15 @@ WizardView::WizardView(MeasurementWizard& wizard) : WindowView(wizard), wizard_(
     QHBoxLayout* const body = row(16);
     body->setContentsMargins(px(18), px(16), px(18), px(16));
     boxes_ = makePointBoxes(binder(), wizard);
-    point_ = new PointPanel(binder(), wizard.point);
+    point_ = new PointPanel(binder(), wizard.point, Texts(session, wizard)("Image1.empty"));
     run_ = new RunPanel(binder(), wizard.run);
     body->addWidget(boxes_);
     body->addWidget(point_, 1);
     body->addWidget(run_);
     lines->addLayout(body, 1);
 
+    // The columns follow the width, so that their present ones are no lower bound.
+    setMinimumSize(px(leastWizardWidth), px(leastWizardHeight));
     QPushButton& start = actions_->start();
     connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, &start,
             [&start] { start.click(); });
@@ -98,7 +104,7 @@ void WizardView::showEvent(QShowEvent* event) {
 void WizardView::takeFirstSize() {
     setFirstSize(wizardWidth, wizardHeight);
     const auto pixels = [](const std::optional<float>& twips, int otherwise, int most) {
-        return twips ? std::min(static_cast<int>(*twips / wizardTwipsPerPixel), most) : otherwise;
+        return twips ? std::min(static_cast<int>(*twips / twipsPerPixel), most) : otherwise;
     };
     const QSize room = screen()->availableSize();
     resize(pixels(wizard_.width, width(), room.width()),
@@ -112,8 +118,10 @@ void WizardView::resizeEvent(QResizeEvent* event) {
     };
     boxes_->setFixedWidth(columnWidth(boxesShare, leastBoxes, mostBoxes));
     run_->setFixedWidth(columnWidth(runShare, leastRun, mostRun));
-    point_->setNarrow(width() < px(narrowWizard));
-    run_->setLow(height() < px(lowWizard));
+    const bool narrow = width() < px(narrowWizard);
+    const bool low = height() < px(lowWizard);
+    point_->setRoom(narrow, low);
+    run_->setLow(low);
 }
 
 bool WizardView::eventFilter(QObject* watched, QEvent* event) {
@@ -125,13 +133,13 @@ bool WizardView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 // While a point is measured Enter skips it, wherever the keyboard is; otherwise it presses the
-// button it is on, or the one that leads. The fields of the top strip keep it.
+// button it is on, or the one that leads. In the fields of the top strip it does neither.
 bool WizardView::pressEnter(QObject* focus) {
     Control* const control = binder().controlOf(focus);
     const PointState state = wizard_.run.progress.state;
     const bool measures = state == PointState::Waiting || state == PointState::Contact;
     if (control == &wizard_.setChooser || (measures && control == &wizard_.run.startIndex))
-        return false;
+        return true;
     auto* const box = dynamic_cast<PointBox*>(control);
     if (measures) {
         call(box != nullptr ? box->enterPressed : wizard_.run.box(1).enterPressed);
@@ -148,8 +156,8 @@ bool WizardView::pressEnter(QObject* focus) {
 
 } // namespace
 
-std::unique_ptr<WindowView> makeWizardView(const Session&, MeasurementWizard& window) {
-    return std::make_unique<WizardView>(window);
+std::unique_ptr<WindowView> makeWizardView(const Session& session, MeasurementWizard& window) {
+    return std::make_unique<WizardView>(session, window);
 }
 
 } // namespace vorna

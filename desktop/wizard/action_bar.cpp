@@ -21,10 +21,13 @@ namespace vorna {
 namespace {
 
 constexpr double barGap = 10;
+constexpr double barMargin = 14;
+constexpr double foldedMargin = 9;
 constexpr double chooserWidth = 212;
+constexpr double chooserFrame = 60; // round its text
 constexpr double startIndexWidth = 50;
 
-// The one action that leads is filled, and stays as wide as it was.
+// The one action that leads is filled.
 void setLeading(QPushButton& button, const QString& iconName, bool leads) {
     const ButtonRole role = leads ? ButtonRole::Primary : ButtonRole::Plain;
     if (roleOf(&button) == role && !button.icon().isNull())
@@ -59,7 +62,7 @@ QWidget* startIndexField(Binder& binder, MeasurementWizard& wizard) {
 
 ActionBar::ActionBar(Binder& binder, MeasurementWizard& wizard)
     : wizard_(wizard), line_(row(barGap)) {
-    line_->setContentsMargins(px(18), px(14), px(18), px(14));
+    line_->setContentsMargins(px(18), px(barMargin), px(18), px(barMargin));
     setLayout(line_);
     left_ = makeSetGroup(binder);
     right_ = makeActions(binder);
@@ -80,11 +83,15 @@ QWidget* ActionBar::makeSetGroup(Binder& binder) {
     whole->setLayout(line);
     auto* const chooser = new QComboBox;
     chooser->setFont(sizedFont(16, true));
-    chooser->setMinimumWidth(px(chooserWidth));
     binder.bind(wizard_.setChooser, *chooser);
-    binder.onChange(wizard_.boxFrame, [this, chooser] {
-        chooser->setAccessibleName(qt(wizard_.boxFrame.caption));
+    binder.onChange(wizard_.setChooser, [this, chooser] {
+        int widest = 0;
+        for (const std::string& set : wizard_.setChooser.rows.get())
+            widest = std::max(widest, chooser->fontMetrics().horizontalAdvance(qt(set)));
+        chooser->setFixedWidth(std::max(px(chooserWidth), widest + px(chooserFrame)));
     });
+    binder.onChange(wizard_.boxFrame,
+                    [this, chooser] { chooser->setAccessibleName(qt(wizard_.boxFrame.caption)); });
     line->addWidget(chooser);
     line->addWidget(boundButton(binder, wizard_.loadSet, "load"));
     line->addWidget(startIndexField(binder, wizard_));
@@ -127,7 +134,10 @@ void ActionBar::resizeEvent(QResizeEvent* event) {
     const QMargins margins = line_->contentsMargins();
     const int wanted = left_->sizeHint().width() + px(barGap) + right_->sizeHint().width() +
                        margins.left() + margins.right();
-    line_->setDirection(wanted <= width() ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    const bool folds = wanted > width();
+    line_->setDirection(folds ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    const int around = px(folds ? foldedMargin : barMargin);
+    line_->setContentsMargins(margins.left(), around, margins.right(), around);
 }
 
 } // namespace vorna

@@ -13,8 +13,9 @@ namespace {
 constexpr double ringSide = 272;
 constexpr double leastRingSide = 120;
 constexpr double bandShare = 20.0 / 280; // of the side
-constexpr double valueType = 106;
-constexpr double leastValueType = 20;
+constexpr double ringType = 106;
+constexpr double emptyType = 64;
+constexpr double leastRingType = 20;
 constexpr double valueRoomShare = 0.72; // of the side, inside the band
 constexpr int growthMs = 190;           // a little less than from one tick to the next
 
@@ -79,10 +80,10 @@ void ContactRing::paintEvent(QPaintEvent*) {
     }
     const bool empty = value_.isEmpty();
     const QString shown = empty ? QString(QChar(0x2013)) : value_;
-    const FittedType type{valueType * side / px(ringSide), leastValueType, true};
-    const double room = side * valueRoomShare;
-    const QSize inside(static_cast<int>(room), height());
-    painter.setFont(sizedFont(fittingTypeSize(shown, type, inside), true));
+    const double largest = (empty ? emptyType : ringType) * side / px(ringSide);
+    const QSize inside(static_cast<int>(side * valueRoomShare), height());
+    const double size = fittingTypeSize(shown, {largest, leastRingType, !empty}, inside);
+    painter.setFont(sizedFont(size, !empty));
     painter.setPen(empty ? t.edge : t.ink);
     painter.drawText(rect(), Qt::AlignCenter, shown);
 }

@@ -4,31 +4,17 @@
 #include "desktop/binder.h"
 #include "desktop/card.h"
 #include "desktop/fitted_label.h"
-#include "desktop/icons.h"
 #include "desktop/theme.h"
 
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QPolygonF>
 
-#include <algorithm>
+#include <optional>
 
 namespace vorna {
-namespace {
-
-constexpr double boxCorner = 6;
-constexpr double haloWidth = 2;
-constexpr double haloRoom = 4; // round the box, for the halo of the current one
-constexpr double currentFrame = 3;
-constexpr double valueType = 21;
-constexpr double leastValueType = 12;
-constexpr double indexType = 11;
-constexpr double checkSide = 13;
-constexpr int pairCount = 12;
-constexpr int leftColumn = 0;
-constexpr int nameColumn = 1;
-constexpr int rightColumn = 2;
 
 struct BoxLook {
     QColor ground;
@@ -37,6 +23,24 @@ struct BoxLook {
     Qt::PenStyle outline = Qt::SolidLine;
     bool done = false;
 };
+
+namespace {
+
+constexpr double boxCorner = 6;
+constexpr double haloWidth = 2;
+constexpr double haloRoom = 4; // round the box, for the halo of the current one
+constexpr double currentFrame = 3;
+constexpr double mostBoxHeight = 72;
+constexpr double narrowBox = 76; // has no room for the index beside a value
+constexpr double boxType = 21;
+constexpr double leastBoxType = 12;
+constexpr double indexType = 11;
+constexpr double checkSide = 13;
+constexpr double pairNameWidth = 84;
+constexpr int pairCount = 12;
+constexpr int leftBoxes = 0;
+constexpr int pairNames = 1;
+constexpr int rightBoxes = 2;
 
 // White, red, green and yellow as they look: nothing yet, the two halves of the waiting, and the
 // contact of the current point or a finished one.
@@ -56,6 +60,19 @@ BoxLook boxLook(BackColour colour, bool touched) {
     }
 }
 
+// A check mark, strong enough to be seen from afar.
+void drawDone(QPainter& painter, const QPointF& place, const QColor& colour) {
+    const double side = px(checkSide);
+    QPolygonF mark;
+    for (const QPointF& corner : {QPointF(0.15, 0.55), QPointF(0.4, 0.8), QPointF(0.88, 0.25)})
+        mark.append(place + corner * side);
+    painter.save();
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colour, side / 8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(mark);
+    painter.restore();
+}
+
 } // namespace
 
 // ---- One box
@@ -64,7 +81,7 @@ PointBoxView::PointBoxView(const PointBox& box, const PointProgress& progress)
     : box_(box), progress_(progress) {
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    setMaximumHeight(sizeHint().height());
+    setMaximumHeight(px(mostBoxHeight));
     setCursor(Qt::PointingHandCursor);
 }
 
@@ -96,22 +113,30 @@ void PointBoxView::paintEvent(QPaintEvent*) {
     const double half = frame / 2;
     painter.drawRoundedRect(box.adjusted(half, half, -half, -half), boxCorner, boxCorner);
 
+    paintContent(painter, box, look);
+}
+
+// The index stands in the corner; in a narrow box a value takes its place.
+void PointBoxView::paintContent(QPainter& painter, const QRectF& box, const BoxLook& look) const {
+    const QString value = qt(box_.text);
+    const bool narrow = box.width() < px(narrowBox);
+    const int check = px(checkSide);
     painter.setPen(look.second);
     painter.setFont(sizedFont(indexType));
-    const QFontMetrics small = painter.fontMetrics();
-    const QString index = QString::number(box_.index());
-    painter.drawText(QPointF(box.left() + px(6), box.top() + px(2) + small.ascent()), index);
-    const int check = px(checkSide);
+    if (!narrow || value.isEmpty())
+        painter.drawText(
+            QPointF(box.left() + px(6), box.top() + px(3) + painter.fontMetrics().ascent()),
+            QString::number(box_.index()));
     if (look.done)
-        painter.drawPixmap(QPointF(box.right() - check - px(4), box.top() + px(4)),
-                           iconPixmap("check", look.second, check, devicePixelRatioF()));
-    const int edge = std::max(small.horizontalAdvance("00"), check) + px(7);
-    const QRectF room = box.adjusted(edge, 1, -edge, -1);
-    const QString value = qt(box_.text);
+        drawDone(painter, {box.right() - check - px(4), box.top() + px(4)}, look.second);
+    const int edge = px(5);
+    const int besideCheck = check + edge;
+    const QRectF room = box.adjusted(narrow ? edge : besideCheck, 1,
+                                     narrow && !look.done ? -edge : -besideCheck, -1);
     painter.setPen(look.ink);
     painter.setFont(sizedFont(
-        fittingTypeSize(value, {valueType, leastValueType, true}, room.size().toSize()), true));
-    painter.drawText(box, Qt::AlignCenter, value);
+        fittingTypeSize(value, {boxType, leastBoxType, true}, room.size().toSize()), true));
+    painter.drawText(room, Qt::AlignCenter, value);
 }
 
 void PointBoxView::focusInEvent(QFocusEvent* event) {
@@ -132,7 +157,9 @@ namespace {
 // The set's name and how many of the boxes are done.
 QWidget* boxHeading(Binder& binder, MeasurementWizard& wizard) {
     auto* const heading = new QWidget;
+    heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     QHBoxLayout* const line = row(9);
+    line->setContentsMargins(px(haloRoom), 0, px(haloRoom), 0);
     heading->setLayout(line);
     auto* const set = new FittedLabel({.largest = 16, .smallest = 12, .bold = true});
     binder.bind(static_cast<Control&>(wizard.boxFrame), *set);
@@ -153,9 +180,10 @@ QWidget* boxHeading(Binder& binder, MeasurementWizard& wizard) {
 }
 
 QLabel* sideHeading(Binder& binder, Label& side) {
-    auto* const label = new FittedLabel(
-        {.largest = 13.5, .smallest = 11, .bold = true, .ink = theme().ink2});
+    auto* const label =
+        new FittedLabel({.largest = 13.5, .smallest = 11, .bold = true, .ink = theme().ink2});
     label->setAlignment(Qt::AlignCenter);
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     binder.bind(side, *label);
     return label;
 }
@@ -176,19 +204,31 @@ PointBoxView* boxView(Binder& binder, MeasurementWizard& wizard, PointBox& box) 
     return view;
 }
 
+FittedType pairType(bool isCurrent) {
+    return {.largest = isCurrent ? 15.0 : 14.0,
+            .smallest = 9,
+            .bold = isCurrent,
+            .ink = isCurrent ? theme().ink : theme().ink2};
+}
+
 // The name of a pair, bold while one of its boxes is the current.
 QLabel* pairName(Binder& binder, MeasurementWizard& wizard, Label& name) {
     auto* const label = new FittedLabel({});
     label->setAlignment(Qt::AlignCenter);
-    binder.bind(name, *label);
-    binder.onChange(wizard.run.progress, [&wizard, &name, label] {
-        const int current = wizard.run.progress.currentBox;
-        const bool isCurrent = (current - 1) % pairCount + 1 == name.index();
-        label->setType({.largest = isCurrent ? 15.0 : 14.0,
-                        .smallest = 10,
-                        .bold = isCurrent,
-                        .ink = isCurrent ? theme().ink : theme().ink2});
+    label->setMaximumWidth(px(pairNameWidth));
+    binder.bind(static_cast<Control&>(name), *label);
+    // The names of two points stand one over the other.
+    binder.onChange(name, [&name, label] {
+        label->setText(qt(name.caption).replace(QStringLiteral(" · "), QStringLiteral(" ·\n")));
     });
+    binder.onChange(wizard.run.progress,
+                    [&wizard, &name, label, shown = std::optional<bool>()]() mutable {
+                        const int current = wizard.run.progress.currentBox;
+                        const bool isCurrent = (current - 1) % pairCount + 1 == name.index();
+                        if (shown != isCurrent)
+                            label->setType(pairType(isCurrent));
+                        shown = isCurrent;
+                    });
     return label;
 }
 
@@ -203,19 +243,20 @@ Card* makePointBoxes(Binder& binder, MeasurementWizard& wizard) {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(px(4));
     grid->setVerticalSpacing(0);
-    grid->setColumnStretch(leftColumn, 1);
-    grid->setColumnStretch(rightColumn, 1);
-    grid->setColumnMinimumWidth(nameColumn, px(52));
-    grid->addWidget(sideHeading(binder, wizard.leftHeading), 0, leftColumn);
-    grid->addWidget(sideHeading(binder, wizard.rightHeading), 0, rightColumn);
+    grid->setColumnStretch(leftBoxes, 1);
+    grid->setColumnStretch(rightBoxes, 1);
+    grid->setColumnMinimumWidth(pairNames, px(52));
+    grid->addWidget(sideHeading(binder, wizard.leftHeading), 0, leftBoxes);
+    grid->addWidget(sideHeading(binder, wizard.rightHeading), 0, rightBoxes);
     for (int pair = 1; pair <= pairCount; ++pair) {
-        grid->addWidget(boxView(binder, wizard, wizard.run.box(pair)), pair, leftColumn);
-        grid->addWidget(pairName(binder, wizard, *wizard.pairLabels.at(pair)), pair, nameColumn);
+        grid->addWidget(boxView(binder, wizard, wizard.run.box(pair)), pair, leftBoxes);
+        grid->addWidget(pairName(binder, wizard, *wizard.pairLabels.at(pair)), pair, pairNames);
         grid->addWidget(boxView(binder, wizard, wizard.run.box(pair + pairCount)), pair,
-                        rightColumn);
+                        rightBoxes);
         grid->setRowStretch(pair, 1);
     }
     card->body().addLayout(grid, 1);
+    card->body().addStretch();
     return card;
 }
 

@@ -10,6 +10,7 @@ namespace vorna {
 
 class Binder;
 class Card;
+struct BoxLook;
 struct MeasurementWizard;
 
 // One box. A press shows its point; the measuring goes on with the current one.
@@ -27,6 +28,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void paintContent(QPainter& painter, const QRectF& box, const BoxLook& look) const;
+
     const PointBox& box_;
     const PointProgress& progress_;
     bool keyboardRing_ = false; // the user came by key; the run's own focus has no ring

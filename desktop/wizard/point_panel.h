@@ -2,15 +2,18 @@
 // pictures, to which all room goes that is left.
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 class QBoxLayout;
-class QLabel;
+class QLayout;
 
 namespace vorna {
 
 class Binder;
+class FittedLabel;
 class PictureView;
+class PointDescription;
 struct PointDisplay;
 
 // The large picture and the two small ones. In a narrow window the small ones stand below the large
@@ -39,20 +42,22 @@ private:
 
 class PointPanel final : public QWidget {
 public:
-    PointPanel(Binder& binder, PointDisplay& point);
-    // Names side by side and smaller type for the description.
-    void setNarrow(bool narrow);
+    // `empty` is the sentence that stands there before any point is shown.
+    PointPanel(Binder& binder, PointDisplay& point, const QString& empty);
+    // A narrow window has the place on a line of its own, and a smaller description; a low one
+    // too makes that smaller still.
+    void setRoom(bool narrow, bool low);
 
 private:
     QLayout* makeHead(Binder& binder);
 
     PointDisplay& point_;
-    QLayout* names_ = nullptr;
-    QBoxLayout* head_ = nullptr;
-    QWidget* chinese_ = nullptr;
-    QWidget* description_ = nullptr;
+    QWidget* shown_;
+    QBoxLayout* head_;
+    QBoxLayout* names_;
+    FittedLabel* place_ = nullptr;
+    PointDescription* description_ = nullptr;
     PointPictures* pictures_ = nullptr;
-    bool narrow_ = false;
 };
 
 } // namespace vorna

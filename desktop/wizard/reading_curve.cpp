@@ -46,7 +46,8 @@ void ReadingCurve::paintEvent(QPaintEvent*) {
     const double middle = (*high + *low) / 2;
     const double edge = px(8);
     const QRectF room = QRectF(rect()).adjusted(edge, edge, -edge, -edge);
-    const auto places = std::max<double>(1, std::max<double>(wanted_, double(readings_.size())) - 1);
+    const auto places =
+        std::max<double>(1, std::max<double>(wanted_, double(readings_.size())) - 1);
     QPolygonF line;
     for (std::size_t i = 0; i < readings_.size(); ++i)
         line.append({room.left() + room.width() * double(i) / places,

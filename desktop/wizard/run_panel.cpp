@@ -18,6 +18,7 @@ namespace vorna {
 namespace {
 
 constexpr double readingsHeight = 118;
+constexpr double mostReadingsHeight = 280;
 
 ContactRing* boundRing(Binder& binder, RunControls& run) {
     auto* const ring = new ContactRing;
@@ -49,14 +50,14 @@ QWidget* RunPanel::makeValueCard(Binder& binder) {
     auto* const card = new Card;
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     QVBoxLayout& body = card->body();
+    body.setContentsMargins(px(14), px(14), px(14), px(14));
     body.setSpacing(px(12));
     body.addWidget(boundRing(binder, run_), 1);
     body.addWidget(new StateStrip(binder, run_));
     auto* const bar = new ScaleBar(18, 13);
     binder.bind(run_.bar, *bar);
-    binder.onChange(run_.liveValueLabel, [this, bar] {
-        bar->setAccessibleName(qt(run_.liveValueLabel.caption));
-    });
+    binder.onChange(run_.liveValueLabel,
+                    [this, bar] { bar->setAccessibleName(qt(run_.liveValueLabel.caption)); });
     body.addWidget(bar);
     QHBoxLayout* const live = row(12);
     auto* const name = new FittedLabel({.largest = 14, .smallest = 11, .ink = theme().ink2});
@@ -73,6 +74,7 @@ QWidget* RunPanel::makeValueCard(Binder& binder) {
 QWidget* RunPanel::makeReadings(Binder& binder) {
     auto* const card = new Card;
     card->setMinimumHeight(px(readingsHeight));
+    card->setMaximumHeight(px(mostReadingsHeight));
     card->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     card->body().setContentsMargins(px(14), px(10), px(14), px(12));
     card->body().setSpacing(px(6));

@@ -11,8 +11,9 @@
 namespace vorna {
 namespace {
 
-constexpr double stripHeight = 50;
-constexpr double stripCorner = 8;
+constexpr double stateHeight = 50;
+constexpr double stateCorner = 8;
+constexpr double signShare = 1.3;
 
 struct StripLook {
     QColor ground;
@@ -24,12 +25,13 @@ struct StripLook {
 class StateText final : public FittedLabel {
 public:
     explicit StateText(StripLook look)
-        : FittedLabel({.largest = 19, .smallest = 12, .bold = true, .ink = look.ink}),
+        : FittedLabel(
+              {.largest = 19, .smallest = 11, .bold = true, .ink = look.ink, .sign = signShare},
+              look.sign),
           look_(std::move(look)) {
-        setSign(look_.sign);
         setAlignment(Qt::AlignCenter);
-        setContentsMargins(px(10), 0, px(10), 0);
-        setFixedHeight(px(stripHeight));
+        setContentsMargins(px(6), 0, px(6), 0);
+        setFixedHeight(px(stateHeight));
     }
 
 protected:
@@ -38,8 +40,8 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(look_.outline);
         painter.setBrush(look_.ground);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), stripCorner,
-                                stripCorner);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), stateCorner,
+                                stateCorner);
         painter.end();
         FittedLabel::paintEvent(event);
     }
@@ -63,7 +65,7 @@ StateStrip::StateStrip(Binder& binder, RunControls& run) {
     add(run.applyProbe, {t.surface, t.edge, t.ink, "ring"});
     add(run.holdProbe, {t.contact, t.contact, t.contactInk, "probe"});
     add(run.pointMeasured, {t.done, t.edge, t.ink, "check"});
-    setFixedHeight(px(stripHeight));
+    setFixedHeight(px(stateHeight));
 }
 
 } // namespace vorna

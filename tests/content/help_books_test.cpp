@@ -14,7 +14,7 @@
 namespace vorna {
 namespace {
 
-fs::path sources() {
+fs::path helpSources() {
     return fs::path(VORNA_TEST_SOURCE) / "installation";
 }
 
@@ -36,11 +36,11 @@ std::string bare(std::string_view caption) {
 std::set<std::string> captionsOf(int language) {
     std::set<std::string> captions;
     const std::string file = readWholeFile(
-        sources() / "lang" / names::languageFile(static_cast<std::int16_t>(language)));
+        helpSources() / "lang" / names::languageFile(static_cast<std::int16_t>(language)));
     const CodePage otherwise = language == 4 ? CodePage::Windows1251 : CodePage::Windows1250;
     for (const IniEntry& entry : parseIniEntries(decodeTextFile(file, otherwise).text))
         captions.insert(bare(entry.value));
-    const TableSource charts = readTable(sources() / "tables" / "GrafyTypy.tsv");
+    const TableSource charts = readTable(helpSources() / "tables" / "GrafyTypy.tsv");
     const std::size_t name = charts.find("nazevGrafu", language).value();
     for (const SourceRow& row : charts.rows)
         captions.insert(row.cells[name].value_or(""));
@@ -110,7 +110,7 @@ TEST_P(HelpBooks, HasTheTopicsOfTheOtherLanguages) {
     EXPECT_EQ(topicsOf(book), topicsOf(bookOf(2)));
     EXPECT_GE(book.index().size(), 50U);
     const std::size_t files =
-        listFiles(sources() / "help" / std::to_string(GetParam()), "*.html").size();
+        listFiles(helpSources() / "help" / std::to_string(GetParam()), "*.html").size();
     EXPECT_EQ(files, topicsOf(book).size()) << "a topic stands outside the contents";
 }
 

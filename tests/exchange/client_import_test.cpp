@@ -87,14 +87,14 @@ TEST(ClientImport, AnExistingClientIsOverwrittenAfterTheQuestionAndLiesInTheBack
     const LocalTime begin = desk.seams.clock.now();
 
     EXPECT_THAT(desk.importOne(zizka), ElementsAre("a2 skipped"));
-    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "question: again? Žižka Jan"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "confirmation: again? Žižka Jan"));
     EXPECT_TRUE(desk.hasImportFolder()) << "the answer Cancel leaves it";
     EXPECT_EQ(readWholeFile(desk.folderOf("a2") / "klient.dat"), klientDat);
     EXPECT_EQ(desk.card.surname.text.get(), "Adam");
 
     EXPECT_THAT(desk.importOne(zizka, {true}), ElementsAre("a2 overwritten"));
     EXPECT_THAT(desk.takeShown(),
-                ElementsAre(fileChooser, "question: again? Žižka Jan", "notice: imported"));
+                ElementsAre(fileChooser, "confirmation: again? Žižka Jan", "notice: imported"));
     EXPECT_EQ(desk.seams.clock.now() - begin, std::chrono::milliseconds{2000});
     EXPECT_FALSE(desk.hasImportFolder());
     EXPECT_EQ(desk.tabs.selected, 0);
@@ -164,7 +164,7 @@ TEST(ClientImport, WithoutABackupNothingIsOverwritten) {
     EXPECT_THAT(desk.importOne(zizka, {true}), ElementsAre("a1 skipped"));
     removeImportFolder(desk.place.session);
     EXPECT_EQ(treeOf(desk.place.session.dataRoot), before);
-    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "question: again? Žižka Jan"));
+    EXPECT_THAT(desk.takeShown(), ElementsAre(fileChooser, "confirmation: again? Žižka Jan"));
 }
 
 // ---- Which archive is which

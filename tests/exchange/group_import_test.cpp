@@ -47,7 +47,8 @@ TEST(GroupImport, EveryClientGetsAFolderOfItsOwnAndAnAnswerOfItsOwn) {
 // Names and texts in Windows-1250, folders parted by backslashes, measurements without practitioner
 // and mode.
 TEST(GroupImport, AnArchiveOfAnOlderInstallationComesInWhole) {
-    const std::string name = "\xD8" "eho\xF8 \x8Ei\x9Eka"; // Řehoř Žižka
+    const std::string name = "\xD8"
+                             "eho\xF8 \x8Ei\x9Eka"; // Řehoř Žižka
     ImportDesk desk;
     desk.importMany(zipOf({{.name = "a1\\klient.dat", .content = klientDatOf(name, "\x8A\xE1rka")},
                            {.name = "a1\\070131143005_P_" + name + ".daf", .content = "first"},

@@ -70,7 +70,7 @@ TEST(Atlas, ShowsEveryPointInEveryUseAndEveryMeridianWhole) {
     for (const SourceRow& row : points.rows) {
         const std::string point = points.text(row, "pointLong");
         for (const ViewUse use : {ViewUse::Close, ViewUse::Region, ViewUse::Body})
-            EXPECT_NO_THROW(choice.viewOf(point, use)) << point;
+            EXPECT_NO_THROW(static_cast<void>(choice.viewOf(point, use))) << point;
         const std::vector<std::string>& parts = meridians.at(point.substr(0, 2)).parts;
         EXPECT_TRUE(std::any_of(parts.begin(), parts.end(), [&](const std::string& view) {
             return shippedAtlas().view(view).points.contains(point);
@@ -123,8 +123,8 @@ protected:
             EXPECT_NE(std::string(failure.what()).find(part), std::string::npos) << failure.what();
         }
     }
-    void write(const char* drawing, const char* points) const {
-        folder.write("a.svg", drawing);
+    void write(const char* svg, const char* points) const {
+        folder.write("a.svg", svg);
         folder.write("a.tsv", std::string("pointLong\tx\ty\tvis\n") + points);
         folder.write("a.paths.tsv", "meridian\tpath\n01\tM1 1L5 5\n");
     }

@@ -58,13 +58,14 @@ TEST_F(PointPictures, RightSideIsTheMirrorImageWithItsTextUnmirrored) {
     }
 }
 
-TEST_F(PointPictures, EveryMarkStandsInItsPictureAndNoLabelCoversIt) {
+TEST_F(PointPictures, MarksStandInTheirPicturesAndNoLabelCoversThem) {
     const QRectF picture(QPointF(0, 0), QSizeF(pointPictureSize));
     constexpr double ring = 19;
-    for (const std::string& point : texts.points) {
+    constexpr std::size_t sample = 4; // every fourth point, of all regions and both sides
+    for (std::size_t i = 0; i < texts.points.size(); i += sample) {
+        const std::string& point = texts.points[i];
         SCOPED_TRACE(point);
-        // One side of each: the other is placed by the same rules.
-        const bool right = point.back() % 2 == 1 && !isMidline(point);
+        const bool right = i / sample % 2 == 1 && !isMidline(point);
         for (const PointPicture& drawn : {painter.close({.pointLong = point, .right = right}),
                                           painter.region({.pointLong = point, .right = right})}) {
             EXPECT_TRUE(isMarkColour(drawn.image, drawn.mark));

@@ -22,6 +22,10 @@ public:
         keep("question", text, title);
         return next(answers);
     }
+    bool confirmation(const std::string& text, const std::string& title) override {
+        keep("confirmation", text, title);
+        return next(answers);
+    }
     std::string input(const std::string& prompt, const std::string& title) override {
         keep("input", prompt, title);
         return next(inputs);

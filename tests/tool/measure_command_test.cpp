@@ -64,7 +64,7 @@ TEST_F(MeasureCommandTest, AProbeThatTouchesNothingEndsTheRun) {
     const fs::path script = folder.write("script", "2 0\n12 900\n600 0\n");
     const ProbeProcess probe(VORNA_TEST_PROBE, 50, script);
     std::vector<std::string> arguments = measure("P", probe.port());
-    arguments.insert(arguments.end(), {"--patience", "1.5"});
+    arguments.insert(arguments.end(), {"--patience", "3"});
     const ToolOutcome outcome = run(arguments);
     EXPECT_EQ(outcome.exitStatus, 1);
     EXPECT_TRUE(outcome.err.ends_with("shows no further point; 1 points were measured\n"))
