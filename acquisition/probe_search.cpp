@@ -38,8 +38,10 @@ void tellDevice(ListView& list, Session& session, DeviceSearch& search) {
 
 ProbeSettings::ProbeSettings(Window& window)
     : frame(window, "Frame11"), calibrationText(window, "Text20"), calibrate(window, "Command5"),
-      findProbe(window, "Command3"), listPorts(window, "Command4"), searchResult(window, "List2"),
-      ports(window, "List3") {}
+      findProbe(window, "Command3"), listPorts(window, "Command4"),
+      useSimulated(window, "Command48"), searchResult(window, "List2"), ports(window, "List3") {
+    useSimulated.visible = false;
+}
 
 void findProbe(ProbeSettings& probe, Session& session, DeviceSearch& search) {
     if (!probe.findProbe.enabled)
@@ -56,11 +58,23 @@ void findProbe(ProbeSettings& probe, Session& session, DeviceSearch& search) {
 
 void listPorts(ProbeSettings& probe, DeviceSearch& search) {
     probe.ports.clear();
+    probe.useSimulated.visible = !search.simulatedPort().empty();
     attempt([&] {
         for (const std::string& port : search.ports())
             if (port.starts_with(portPrefix))
                 probe.ports.add({.text = std::string(withoutLastCharacters(
                                      std::string_view(port).substr(portPrefix.size()), 1))});
+    });
+}
+
+void useSimulatedProbe(ProbeSettings& probe, Session& session, DeviceSearch& search) {
+    const std::string port = search.simulatedPort();
+    probe.useSimulated.visible = !port.empty();
+    if (port.empty())
+        return;
+    attempt([&] {
+        WriteIniValue(under(session.dataRoot, names::setup), "global", "port", port);
+        probe.searchResult.setRows({{.text = t(session, "t7") + port}});
     });
 }
 

@@ -16,6 +16,7 @@ struct ProbeSettings {
     Button calibrate;
     Button findProbe;
     Button listPorts;
+    Button useSimulated; // there while a simulated probe runs
     ListView searchResult;
     ListView ports; // choosing in it changes nothing
 };
@@ -25,8 +26,12 @@ struct ProbeSettings {
 // begin while one waits.
 void findProbe(ProbeSettings& probe, Session& session, DeviceSearch& search);
 
-// Lists the numbers of the machine's serial ports; opening the settings does the same. Writes
-// nothing.
+// Lists the numbers of the machine's serial ports, and offers the simulated probe when one runs;
+// opening the settings does the same. Writes nothing.
 void listPorts(ProbeSettings& probe, DeviceSearch& search);
+
+// Makes the simulated probe the port of the settings and says so in the list. Without one that runs
+// the offer goes.
+void useSimulatedProbe(ProbeSettings& probe, Session& session, DeviceSearch& search);
 
 } // namespace vorna

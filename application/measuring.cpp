@@ -51,13 +51,17 @@ Measuring::Measuring(MainWindow& window, EvaluationContext& context, ProbeSeams 
     window.probe.listPorts.clicked = [&window, &search = probe.search] {
         listPorts(window.probe, search);
     };
+    window.probe.useSimulated.clicked = [&window, &session = context.session,
+                                         &search = probe.search] {
+        useSimulatedProbe(window.probe, session, search);
+    };
 }
 
 Measuring::~Measuring() {
     for (Button* const button :
          {&window_.measureSource, &window_.measureTerminal, &window_.measureBiorhythm,
           &window_.measureEnergy, &window_.probe.calibrate, &window_.probe.findProbe,
-          &window_.probe.listPorts})
+          &window_.probe.listPorts, &window_.probe.useSimulated})
         button->clicked = nullptr;
 }
 

@@ -23,8 +23,10 @@ double fittingTypeSize(const QString& text, const FittedType& type, const QSize&
     for (; size > type.smallest; size -= typeStep) {
         const QFontMetrics metrics(sizedFont(size, type.bold));
         const int sign = type.sign > 0 ? px(size * type.sign) + px(signGap) : 0;
-        const QSize taken = metrics.size(0, text);
-        if (taken.width() + sign <= room.width() && taken.height() <= room.height())
+        const int width = metrics.size(0, text).width() + sign;
+        const int height =
+            metrics.height() + static_cast<int>(text.count('\n')) * metrics.lineSpacing();
+        if (width <= room.width() && height <= room.height())
             break;
     }
     return size;

@@ -31,6 +31,9 @@ public:
     // False when there was nothing to close.
     virtual bool close() = 0;
 
+    // The device path of a simulated probe that runs on the machine; empty when none does.
+    virtual std::string simulatedPort() { return {}; }
+
     // The serial ports of the machine in the form "COM4:", ascending by number.
     virtual std::vector<std::string> ports() = 0;
 };

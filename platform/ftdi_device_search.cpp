@@ -2,6 +2,7 @@
 
 #include "platform/ftdi_memory.h"
 #include "platform/log.h"
+#include "platform/simulated_port.h"
 
 #include <array>
 #include <chrono>
@@ -116,6 +117,11 @@ std::vector<std::string> FtdiDeviceSearch::ports() {
     for (const int number : serialPortNumbers())
         names.push_back("COM" + std::to_string(number) + ":");
     return names;
+}
+
+std::string FtdiDeviceSearch::simulatedPort() {
+    const auto port = runningSimulatedPort();
+    return port ? port->string() : std::string{};
 }
 
 } // namespace vorna

@@ -24,6 +24,7 @@ public:
     std::optional<int> portNumber() override;
     bool close() override;
     std::vector<std::string> ports() override;
+    std::string simulatedPort() override;
 
 private:
     struct Device;

@@ -122,6 +122,7 @@ Card* probeCard(const PageParts& parts) {
     add(probe.findProbe, "search", probe.searchResult);
     add(probe.listPorts, "usb", probe.ports);
     card->body().addLayout(lists);
+    card->body().addWidget(bound(parts, probe.useSimulated, "probe"));
     return card;
 }
 

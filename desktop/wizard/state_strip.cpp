@@ -24,11 +24,11 @@ struct StripLook {
 
 class StateText final : public FittedLabel {
 public:
-    explicit StateText(StripLook look)
+    explicit StateText(const StripLook& look)
         : FittedLabel(
               {.largest = 19, .smallest = 11, .bold = true, .ink = look.ink, .sign = signShare},
               look.sign),
-          look_(std::move(look)) {
+          look_(look) {
         setAlignment(Qt::AlignCenter);
         setContentsMargins(px(6), 0, px(6), 0);
         setFixedHeight(px(stateHeight));
@@ -56,8 +56,8 @@ StateStrip::StateStrip(Binder& binder, RunControls& run) {
     QVBoxLayout* const lines = column(0);
     setLayout(lines);
     const Theme& t = theme();
-    const auto add = [&](Label& text, StripLook look) {
-        auto* const shown = new StateText(std::move(look));
+    const auto add = [&](Label& text, const StripLook& look) {
+        auto* const shown = new StateText(look);
         binder.bind(text, *shown);
         lines->addWidget(shown);
     };

@@ -21,11 +21,13 @@ struct ScriptedDeviceSearch final : DeviceSearch {
     }
     bool close() override { return opens; }
     std::vector<std::string> ports() override { return portNames; }
+    std::string simulatedPort() override { return simulated; }
 
     bool opens = true;
     Memory memory{.description = "Probe 2", .serialNumber = "A107"};
     std::optional<int> number = 4;
     std::vector<std::string> portNames;
+    std::string simulated;
     std::function<void()> whileAwaited;
 };
 
@@ -82,6 +84,21 @@ TEST_F(ProbeSearchTest, ListsPortsByTheirBareNumbers) {
     listPorts(probe, search);
     EXPECT_THAT(texts(probe.ports), ElementsAre("0", "12"));
     EXPECT_EQ(port(), "");
+}
+
+TEST_F(ProbeSearchTest, OffersASimulatedProbeAsLongAsOneRuns) {
+    listPorts(probe, search);
+    EXPECT_FALSE(probe.useSimulated.visible);
+    search.simulated = "/dev/pts/7";
+    listPorts(probe, search);
+    EXPECT_TRUE(probe.useSimulated.visible);
+    useSimulatedProbe(probe, place.session, search);
+    EXPECT_EQ(port(), "/dev/pts/7");
+    EXPECT_THAT(texts(probe.searchResult), ElementsAre("Port: /dev/pts/7"));
+    search.simulated.clear();
+    useSimulatedProbe(probe, place.session, search);
+    EXPECT_FALSE(probe.useSimulated.visible);
+    EXPECT_EQ(port(), "/dev/pts/7");
 }
 
 } // namespace

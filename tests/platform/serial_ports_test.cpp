@@ -2,6 +2,7 @@
 #include "platform/ftdi_memory.h"
 #include "platform/serial_line.h"
 #include "platform/serial_ports.h"
+#include "platform/simulated_port.h"
 #include "platform/virtual_event_loop.h"
 #include "tests/support/scratch_folder.h"
 
@@ -129,6 +130,18 @@ TEST(FtdiDeviceSearch, AnswersWithoutADevice) {
     EXPECT_TRUE(search.open() || search.readMemory().status != 0);
     static_cast<void>(search.portNumber());
     static_cast<void>(search.ports());
+}
+
+TEST(SimulatedPort, IsTheTerminalOfTheRunningProgram) {
+    const ScratchFolder processes;
+    EXPECT_FALSE(runningSimulatedPort(processes.path()));
+    processes.write("17/comm", "bash\n");
+    processes.write("17/fdinfo/3", "pos:\t0\ntty-index:\t2\n");
+    processes.write("23/comm", "vorna-probe\n");
+    processes.write("23/fdinfo/0", "pos:\t0\nflags:\t0100002\n");
+    EXPECT_FALSE(runningSimulatedPort(processes.path()));
+    processes.write("23/fdinfo/4", "pos:\t0\ntty-index:\t11\n");
+    EXPECT_EQ(runningSimulatedPort(processes.path()), fs::path("/dev/pts/11"));
 }
 
 } // namespace

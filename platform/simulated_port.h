@@ -1,0 +1,14 @@
+// The port of a simulated probe that runs on this machine.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+namespace vorna {
+
+// The terminal that a running vorna-probe of this user reads and writes as the device; nothing when
+// none runs. `processes` is the system's folder of processes.
+std::optional<std::filesystem::path>
+runningSimulatedPort(const std::filesystem::path& processes = "/proc");
+
+} // namespace vorna
