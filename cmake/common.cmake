@@ -18,6 +18,8 @@ target_compile_options(vorna_common INTERFACE
   -Wold-style-cast -Woverloaded-virtual
   # Where several sources are one unit, a local name may be a global one of another source.
   $<IF:$<BOOL:${CMAKE_UNITY_BUILD}>,-Wshadow=local,-Wshadow>
+  # There, too, a class of one source seems to be another file's.
+  $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
   # A record initialised by name leaves the rest at its defaults on purpose.
   -Wno-missing-field-initializers
   # g++ 12 warns of an overlap in its own std::string, falsely, once it inlines enough.
