@@ -61,15 +61,17 @@ fs::path newFolder(const fs::path& backups, std::string_view kind, LocalTime now
 
 } // namespace
 
-void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
-            const std::vector<std::string_view>& entries, LocalTime now) {
+std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_view kind,
+                             const std::vector<std::string_view>& entries, LocalTime now) {
     std::vector<fs::path> found;
     for (const std::string_view entry : entries)
         if (const fs::path path = under(dataRoot, entry); !isMissing(path))
             found.push_back(path);
     const std::vector<fs::path> older = backupsOf(dataRoot, kind);
-    if (found.empty() || (!older.empty() && isBackedUp(older.back(), found)))
-        return;
+    if (found.empty())
+        return {};
+    if (!older.empty() && isBackedUp(older.back(), found))
+        return older.back();
     const fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
     std::error_code error;
     const bool whole = attempt([&] {
@@ -87,6 +89,7 @@ void backUp(const std::filesystem::path& dataRoot, std::string_view kind,
     // An old backup that cannot go stays.
     for (std::size_t i = 0; i + keptBackups <= older.size(); ++i)
         fs::remove_all(older[i], error);
+    return folder;
 }
 
 std::vector<fs::path> allBackups(const fs::path& dataRoot) {

@@ -113,10 +113,7 @@ void flushFileSystem(const fs::path& folder) {
 void ImportBackup::begin() {
     if (isMissing(under(session_.dataRoot, names::clients)))
         throw Failure("there is no client table to back up");
-    backUp(session_.dataRoot, backupKind, {names::clients}, clock_.now());
-    for (const fs::path& backup : allBackups(session_.dataRoot)) // the newest is the last
-        if (matchesPattern(pathText(backup.filename()), std::string("*-") + backupKind))
-            folder_ = backup;
+    folder_ = backUp(session_.dataRoot, backupKind, {names::clients}, clock_.now());
     if (folder_.empty())
         throw Failure("an import has no backup");
 }

@@ -96,6 +96,7 @@ void reportMain(ReportContext& context) {
         return;
     }
     state.ReportChartIndex = 0;
+    removeRtfPictures(under(session.dataRoot, names::html)); // of other clients' documents
     std::string text(page::head);
     text += page::tableOpen;
     text += page::reportTitleRow;

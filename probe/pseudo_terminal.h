@@ -23,7 +23,7 @@ public:
     // Whether somebody has the other end open.
     [[nodiscard]] bool hasReader() const;
     // How many characters of the text the reader has room for; these are written.
-    [[nodiscard]] std::size_t write(std::string_view text) const;
+    std::size_t write(std::string_view text) const;
     // What the reader sent; empty when nothing came.
     [[nodiscard]] std::string read() const;
     // Makes the other end a plain line without echo, and drops what nobody read. Only while there

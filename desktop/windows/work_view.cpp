@@ -4,6 +4,8 @@
 #include "desktop/card.h"
 #include "desktop/theme.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -56,6 +58,23 @@ WorkView::WorkView(WorkWindow& window) : window_(window) {
         view_->show();
     };
     window.disappears = [this] { view_.reset(); };
+    qApp->installEventFilter(this);
+}
+
+bool WorkView::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+    case QEvent::Shortcut:
+    case QEvent::Wheel:
+    case QEvent::Close:
+        // A chooser or question of the work is a modal window, too.
+        return window_.running() && QApplication::activeModalWidget() == nullptr;
+    default:
+        return QObject::eventFilter(watched, event);
+    }
 }
 
 WorkView::~WorkView() {
