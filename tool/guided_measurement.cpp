@@ -19,7 +19,12 @@ using namespace std::chrono_literals;
 constexpr auto longestSilence = 10s;
 // So long a fast device may take to its first line.
 constexpr auto longestBegin = 2s;
-constexpr std::size_t longestLine = 1000; // characters
+constexpr std::size_t longestLine = 1000;    // characters
+constexpr std::size_t mostWaiting = 100'000; // lines
+// What a device may tell as its time, in its own milliseconds: no more than this, and not further
+// ahead of the real time than that.
+constexpr std::int64_t latestTime = 1'000'000'000'000;
+constexpr auto longestLead = 5s;
 using RealClock = std::chrono::steady_clock;
 using RealTime = RealClock::time_point;
 
@@ -33,6 +38,8 @@ public:
     }
     bool open(const std::string&) override {
         opened_ = lastReceived_ = RealClock::now();
+        firstTime_.reset();
+        waiting_.clear();
         if (!line_.open(path_))
             return false;
         isOpen_ = true;
@@ -61,7 +68,12 @@ public:
         }
     }
 
-    [[nodiscard]] bool isStill() const { return RealClock::now() - lastReceived_ > longestSilence; }
+    // Nothing comes any more, or a time that does not go on.
+    [[nodiscard]] bool isStill() const {
+        const RealTime now = RealClock::now();
+        return now - lastReceived_ > longestSilence ||
+               (firstTime_ && now - lastAdvance_ > longestSilence);
+    }
 
 private:
     struct TimedLine {
@@ -85,13 +97,33 @@ private:
     }
     void onLine(std::string line) {
         const std::optional<std::int64_t> time = timeOfLine(line);
-        if (!time)
+        if (!time || !goesOnWith(*time))
             return handOn(line);
-        if (!firstTime_)
-            firstTime_ = *time;
-        const std::chrono::duration<double, std::milli> since(double(*time - *firstTime_) / speed_);
-        toldUntil_ = opened_ + std::chrono::duration_cast<RealClock::duration>(since);
+        toldUntil_ = opened_ + sinceFirst(*time);
         waiting_.push_back({toldUntil_, std::move(line)});
+        if (waiting_.size() > mostWaiting)
+            waiting_.pop_front();
+    }
+    // Takes a device's time that is one: it never runs back, and not far ahead of the real time.
+    bool goesOnWith(std::int64_t time) {
+        if (time < 0 || time > latestTime)
+            return false;
+        const RealTime now = RealClock::now();
+        if (!firstTime_) {
+            firstTime_ = lastTime_ = time;
+            lastAdvance_ = now;
+        }
+        if (time < lastTime_ || sinceFirst(time) > now - opened_ + longestLead)
+            return false;
+        if (time > lastTime_)
+            lastAdvance_ = now;
+        lastTime_ = time;
+        return true;
+    }
+    [[nodiscard]] RealClock::duration sinceFirst(std::int64_t time) const {
+        const std::chrono::duration<double, std::milli> since(
+            static_cast<double>(time - *firstTime_) / speed_);
+        return std::chrono::duration_cast<RealClock::duration>(since);
     }
     void handOn(std::string_view text) const {
         if (received)
@@ -105,6 +137,8 @@ private:
     RealTime lastReceived_;
     std::string begun_;                     // a line whose end is still to come
     std::optional<std::int64_t> firstTime_; // milliseconds of the device, at `opened_`
+    std::int64_t lastTime_ = 0;             // of the newest line that told one
+    RealTime lastAdvance_;                  // when it went on
     RealTime toldUntil_;                    // the device's time of the newest line
     std::deque<TimedLine> waiting_;         // lines of a time that the clock has not reached
     QtSerialLine line_;
