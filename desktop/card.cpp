@@ -28,10 +28,25 @@ QLabel* iconLabel(const QString& name, const QColor& colour, int size) {
     return label;
 }
 
+// Gives way where the room is narrow; hovering shows the whole text.
+class ElidedLabel final : public QLabel {
+public:
+    ElidedLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawText(rect(), static_cast<int>(alignment()),
+                         fontMetrics().elidedText(text(), Qt::ElideRight, width()));
+        setToolTip(sizeHint().width() > width() ? text() : QString());
+    }
+};
+
 } // namespace
 
 Heading::Heading(const QString& iconName, const QString& text, QWidget* parent)
-    : QWidget(parent), text_(new QLabel(text)), note_(new QLabel) {
+    : QWidget(parent), text_(new QLabel(text)), note_(new ElidedLabel) {
     auto* const line = row(9);
     setLayout(line);
     if (!iconName.isEmpty())
@@ -41,8 +56,7 @@ Heading::Heading(const QString& iconName, const QString& text, QWidget* parent)
     note_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     setInk(*note_, theme().ink2);
     line->addWidget(text_);
-    line->addStretch(1);
-    line->addWidget(note_);
+    line->addWidget(note_, 1);
 }
 
 void Heading::setText(const QString& text) {

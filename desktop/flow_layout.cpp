@@ -40,7 +40,7 @@ QSize FlowLayout::sizeHint() const {
         if (!item->isEmpty())
             all = {all.width() + item->sizeHint().width() + gap_,
                    std::max(all.height(), item->sizeHint().height())};
-    return all;
+    return {std::max(0, all.width() - gap_), all.height()};
 }
 
 QSize FlowLayout::minimumSize() const {

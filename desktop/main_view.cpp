@@ -50,8 +50,9 @@ QWidget* badge(Binder& binder, Picture& control, const QPixmap& sign, bool withW
     auto* const picture = new QLabel;
     picture->setPixmap(sign);
     made->layout()->addWidget(picture);
-    auto* const word = new QLabel;
+    auto* const word = new QLabel(made);
     word->setFont(sizedFont(13.5, true));
+    word->setVisible(withWord);
     if (withWord)
         made->layout()->addWidget(word);
     binder.bind(static_cast<Control&>(control), *made);

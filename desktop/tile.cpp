@@ -26,13 +26,16 @@ void drawTile(QPainter& painter, const QAbstractButton& button) {
 
 // A word may break behind a hyphen or dash; where one still does not fit the type shrinks.
 void drawName(QPainter& painter, const QRect& room, const QString& name, Qt::Alignment place) {
-    const int flags = static_cast<int>(place) | Qt::TextWordWrap;
+    int flags = static_cast<int>(place) | Qt::TextWordWrap;
     constexpr double largest = 12.5;
-    constexpr double smallest = 9;
+    constexpr double smallest = 8.5;
     for (double size = largest;; size -= 0.5) {
         painter.setFont(sizedFont(size, true));
         const QRect taken = painter.fontMetrics().boundingRect(room, flags, name);
-        if (size <= smallest || (taken.width() <= room.width() && taken.height() <= room.height()))
+        const bool fits = taken.width() <= room.width() && taken.height() <= room.height();
+        if (!fits && size <= smallest)
+            flags = static_cast<int>(place) | Qt::TextWrapAnywhere;
+        if (fits || size <= smallest)
             break;
     }
     painter.drawText(room, flags, name);
@@ -51,7 +54,7 @@ QSize KindButton::sizeHint() const {
 }
 
 QSize KindButton::minimumSizeHint() const {
-    return {px(100), px(48)};
+    return {px(84), px(48)};
 }
 
 void KindButton::paintEvent(QPaintEvent*) {
@@ -62,25 +65,29 @@ void KindButton::paintEvent(QPaintEvent*) {
     caption.remove('&');
     const QString letter = caption.section('-', 0, 0);
     const QString word = caption.section('-', 1);
+    // In a narrow window the letter goes and the word stays.
     const bool small = width() < px(150);
-    const int side = px(small ? 30 : 42);
-    const int gap = px(small ? 8 : 14);
-    const QRect circle(gap, (height() - side) / 2, side, side);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(t.soft);
-    painter.drawEllipse(circle);
-    painter.setPen(t.softInk);
-    painter.setFont(sizedFont(small ? 15 : 21, true));
-    painter.drawText(circle, Qt::AlignCenter, letter);
+    const int side = small ? 0 : px(42);
+    const int gap = px(small ? 4 : 14);
+    if (!small) {
+        const QRect circle(gap, (height() - side) / 2, side, side);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(t.soft);
+        painter.drawEllipse(circle);
+        painter.setPen(t.softInk);
+        painter.setFont(sizedFont(21, true));
+        painter.drawText(circle, Qt::AlignCenter, letter);
+    }
     painter.setPen(t.ink);
-    const QRect room(circle.right() + gap, 0, width() - circle.right() - gap - px(6), height());
-    double size = small ? 14 : 17;
+    const int left = small ? gap : 2 * gap + side;
+    const QRect room(left, 0, width() - left - px(4), height());
+    double size = small ? 15 : 17;
     for (; size > 10; size -= 0.5) {
         painter.setFont(sizedFont(size, true));
         if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
             break;
     }
-    painter.drawText(room, Qt::AlignVCenter | Qt::AlignLeft, word);
+    painter.drawText(room, Qt::AlignVCenter | (small ? Qt::AlignHCenter : Qt::AlignLeft), word);
 }
 
 ChartTile::ChartTile(const QString& drawing, QWidget* parent)
@@ -114,7 +121,7 @@ QSize ChartTile::minimumSizeHint() const {
 void ChartTile::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawTile(painter, *this);
-    const QSize sheet = low_ ? QSize(px(44), px(28)) : QSize(px(86), px(52));
+    const QSize sheet = low_ ? QSize(px(30), px(26)) : QSize(px(86), px(52));
     const QRect paper(low_ ? px(6) : (width() - sheet.width()) / 2,
                       low_ ? (height() - sheet.height()) / 2 : px(9), sheet.width(),
                       sheet.height());

@@ -118,7 +118,7 @@ QWidget* makeCardPage(const PageParts& parts) {
     const CardFields fields{parts};
     line->addWidget(personCard(parts, fields), 5, Qt::AlignTop);
     line->addWidget(addressCard(parts, fields), 5, Qt::AlignTop);
-    line->addWidget(recordColumn(parts, fields), 4, Qt::AlignTop);
+    line->addWidget(recordColumn(parts, fields), 4);
 
     auto* const scroll = new QScrollArea;
     scroll->setWidgetResizable(true);

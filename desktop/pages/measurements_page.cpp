@@ -55,6 +55,8 @@ public:
         setLayout(grid_);
         lay(false);
     }
+    // In two rows, so that the window may become narrow enough for them.
+    [[nodiscard]] QSize minimumSizeHint() const override { return {px(380), px(100)}; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {

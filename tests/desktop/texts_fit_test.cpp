@@ -57,6 +57,8 @@ TEST_P(TextsFitTest, OnEveryTab) {
     desk.start(GetParam());
     desk.selectSample();
     MainWindow& window = desk.program->window();
+    desk.program->view().resize(800, 600);
+    EXPECT_EQ(desk.program->view().size(), QSize(800, 600)) << "the window can be so small";
     for (const QSize& size : {QSize(1280, 800), QSize(1000, 700)}) {
         desk.program->view().resize(size);
         for (const MainTab tab : {MainTab::Clients, MainTab::Card, MainTab::Measurements,
