@@ -54,7 +54,7 @@ QSize KindButton::sizeHint() const {
 }
 
 QSize KindButton::minimumSizeHint() const {
-    return {px(84), px(48)};
+    return {px(76), px(48)};
 }
 
 void KindButton::paintEvent(QPaintEvent*) {
@@ -87,7 +87,8 @@ void KindButton::paintEvent(QPaintEvent*) {
         if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
             break;
     }
-    painter.drawText(room, Qt::AlignVCenter | (small ? Qt::AlignHCenter : Qt::AlignLeft), word);
+    painter.drawText(
+        room, static_cast<int>(small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter), word);
 }
 
 ChartTile::ChartTile(const QString& drawing, QWidget* parent)

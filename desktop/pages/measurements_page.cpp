@@ -56,7 +56,7 @@ public:
         lay(false);
     }
     // In two rows, so that the window may become narrow enough for them.
-    [[nodiscard]] QSize minimumSizeHint() const override { return {px(380), px(100)}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {px(330), px(100)}; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override {
