@@ -19,7 +19,7 @@
 namespace vorna {
 namespace {
 
-constexpr int listWidth = 236;
+constexpr int listWidth = 206;
 constexpr std::array rowIcons{"help", "sliders", "pulse", "info"};
 
 QPushButton* bound(const PageParts& parts, Button& control, const QString& iconName,
