@@ -19,7 +19,8 @@
 namespace vorna {
 namespace {
 
-constexpr int listWidth = 206;
+constexpr int listWidth = 236;
+constexpr int narrowListWidth = 196;
 constexpr std::array rowIcons{"help", "sliders", "pulse", "info"};
 
 QPushButton* bound(const PageParts& parts, Button& control, const QString& iconName,
@@ -203,7 +204,9 @@ QWidget* settingsList(const PageParts& parts) {
         return place < rowIcons.size() ? QString(rowIcons.at(place)) : QString();
     };
     auto* const table = new ListTable(std::move(form));
-    table->setFixedSize(px(listWidth), px(48) * static_cast<int>(rowIcons.size()) + 2);
+    table->setFixedHeight(px(48) * static_cast<int>(rowIcons.size()) + 2);
+    table->setMinimumWidth(px(narrowListWidth));
+    table->setMaximumWidth(px(listWidth));
     table->setAccessibleName(parts.texts.message("t108"));
     parts.binder.bind(parts.window.settingsList, *table);
     return table;
