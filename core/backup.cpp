@@ -72,7 +72,7 @@ std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_
         return {};
     if (!older.empty() && isBackedUp(older.back(), found))
         return older.back();
-    const fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
+    fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
     std::error_code error;
     const bool whole = attempt([&] {
         for (const fs::path& path : found) {

@@ -83,7 +83,7 @@ void DesktopProgram::show() {
     view_->show();
 }
 
-int DesktopProgram::run() {
+int DesktopProgram::run() const {
     if (!ended_)
         QCoreApplication::exec();
     return exitCode_;

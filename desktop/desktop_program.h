@@ -32,7 +32,7 @@ public:
     void start();
     void show();
     // Until the program ends; the exit code.
-    int run();
+    int run() const;
 
     [[nodiscard]] MainWindow& window() { return window_; }
     [[nodiscard]] MainView& view() { return *view_; }

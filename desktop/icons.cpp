@@ -25,7 +25,7 @@ void drawIcon(QPainter& painter, const QString& name, const QColor& colour, cons
 
 class LineIcon final : public QIconEngine {
 public:
-    LineIcon(QString name, QColor colour) : name_(std::move(name)), colour_(std::move(colour)) {}
+    LineIcon(QString name, QColor colour) : name_(std::move(name)), colour_(colour) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         painter->save();

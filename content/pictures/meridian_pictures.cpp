@@ -33,6 +33,7 @@ std::vector<std::string> wordsOf(const std::string& text) {
 std::vector<const AtlasView*> viewsOf(const Atlas& atlas,
                                       const std::vector<std::string>& viewNames) {
     std::vector<const AtlasView*> found;
+    found.reserve(viewNames.size());
     for (const std::string& name : viewNames)
         found.push_back(&atlas.view(name));
     return found;

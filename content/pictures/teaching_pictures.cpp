@@ -210,6 +210,7 @@ QImage energyPicture(const Atlas& atlas, const Vocabulary& words, bool yang) {
 namespace {
 
 constexpr int hoursOfRound = 24;
+constexpr int noon = 12;
 constexpr int pathwaysOfRound = 12;
 constexpr int firstHour = 3; // of the first pathway
 
@@ -220,7 +221,7 @@ void drawSector(QPainter& painter, const QPointF& middle, int number, const Meri
     constexpr double span = 360.0 / pathwaysOfRound;
     // Noon is at the top, the hours run clockwise.
     const int hour = (firstHour + 2 * number) % hoursOfRound;
-    const double start = 90 - (hour - hoursOfRound / 2) * 360.0 / hoursOfRound;
+    const double start = 90 - (hour - noon) * 360.0 / hoursOfRound;
     const auto frame = [&](double radius) {
         return QRectF(middle - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius));
     };

@@ -20,6 +20,7 @@ int QtEventLoop::startTimer(Milliseconds interval, Handler handler) {
     // The handler may stop its own timer: it is held until it has come back.
     const auto kept = std::make_shared<Handler>(std::move(handler));
     QObject::connect(timer.get(), &QTimer::timeout, [kept] {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const std::shared_ptr<Handler> held = kept;
         (*held)();
     });
