@@ -37,7 +37,7 @@ void Calibration::calibrate() {
     timer_.start();
     show("t16", BackColour::Yellow);
     phase_ = Phase::AtRest;
-    around_.platform.loop.processEvents();
+    around_.platform.loop.processEventsButInput();
     call(around_.freeMeasurement.start);
 }
 
@@ -87,7 +87,7 @@ void Calibration::beginPhaseInContact() {
     phase_ = Phase::InContact;
     // The text of the first phase's end tells what to do now.
     box_.backColour = BackColour::Yellow;
-    around_.platform.loop.processEvents();
+    around_.platform.loop.processEventsButInput();
     call(around_.freeMeasurement.start);
 }
 

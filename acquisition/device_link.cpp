@@ -120,7 +120,7 @@ void DeviceLink::tick() {
         currentReading = rawReading;
     });
     const std::int16_t value = currentReading;
-    platform_.loop.processEvents();
+    platform_.loop.processEventsButInput();
     ringBuffer_[static_cast<std::size_t>(ringPosition_)] = value;
     if (peakTracking && value > peakRaw)
         peakRaw = value;

@@ -28,7 +28,7 @@ public:
     // Opens the port of the settings for a guided run: the ring begins anew, the buffer is cleared,
     // the parser starts. False when the port does not open: `currentReading` is 0 then, so that an
     // old reading is not measured, all else is as it was, and the caller says so. Leaves
-    // `linkAlive` alone: each point of a run sets it.
+    // `linkAlive` to the run, which sets it as it starts.
     bool openForRun();
 
     // The same for the free measurement, with a close first: besides, `blinkHold` is cleared, the

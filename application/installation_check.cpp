@@ -91,6 +91,7 @@ std::vector<std::string> askedKeys() {
     range(42, 81);
     range(88, 128);
     range(131, 139);
+    keys.insert(keys.end(), {"noBackup", "noClient"});
     return keys;
 }
 

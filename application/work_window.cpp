@@ -13,7 +13,7 @@ void WorkWindow::follow(EventLoop& loop, const std::string& what, const Handler&
     cancelled_ = false;
     cancelButton.enabled = true;
     text.caption = what;
-    next_ = std::chrono::steady_clock::now() + pace_.delay;
+    next_.reset();
     show({});
     const auto atTheEnd = [](WorkWindow* window) { window->end(); };
     const std::unique_ptr<WorkWindow, decltype(atTheEnd)> guard(this, atTheEnd);
@@ -27,7 +27,9 @@ void WorkWindow::cancel() {
 
 bool WorkWindow::goesOn(const Step& step) {
     const auto now = std::chrono::steady_clock::now();
-    if (!running() || now < next_)
+    if (!next_)
+        next_ = now + pace_.delay; // a question before the work's first step takes no time of it
+    if (!running() || now < *next_)
         return !cancelled_;
     show(step);
     if (!seen_) {

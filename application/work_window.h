@@ -9,6 +9,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vorna {
@@ -54,7 +55,7 @@ private:
     EventLoop* loop_ = nullptr; // while work is running
     bool cancelled_ = false;
     bool seen_ = false;
-    std::chrono::steady_clock::time_point next_; // when the state is told again
+    std::optional<std::chrono::steady_clock::time_point> next_; // when the state is told again
 };
 
 } // namespace vorna

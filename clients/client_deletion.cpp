@@ -1,6 +1,7 @@
 #include "clients/client_deletion.h"
 
 #include "clients/client_record.h"
+#include "clients/import_folder.h"
 #include "core/backup.h"
 #include "core/file_names.h"
 #include "core/main_tabs.h"
@@ -57,6 +58,7 @@ void deleteClient(ClientContext& context) {
                                            "?"))
         return;
     attempt([&] { removeTree(clientFolder(session, intid)); });
+    removeImportFolder(session); // it may hold the client
     attempt([&] { deleteClientRow(session, id); });
     forgetInBackups(session, intid);
     forgetReports(session);

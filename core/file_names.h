@@ -27,6 +27,9 @@ inline constexpr std::string_view data = "data";
 inline constexpr std::string_view html = "HTML";
 inline constexpr std::string_view log = "LOG";
 
+// Among the clients' folders: what an import unpacks. Found without regard to case.
+inline constexpr std::string_view importFolder = "TEMPImport";
+
 // In the installation folder alone.
 inline constexpr std::string_view dataMovedAside = "CANDELETEDATA";
 inline constexpr std::string_view htmlMovedAside = "CANDELETEHTML";

@@ -1,6 +1,7 @@
 #include "exchange/client_export.h"
 
 #include "clients/client_record.h"
+#include "clients/import_folder.h"
 #include "exchange/archive.h"
 #include "exchange/exchange_names.h"
 #include "platform/failure.h"

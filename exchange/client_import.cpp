@@ -1,5 +1,6 @@
 #include "exchange/client_import.h"
 
+#include "clients/import_folder.h"
 #include "exchange/archive.h"
 #include "exchange/exchange_names.h"
 #include "platform/failure.h"
@@ -95,16 +96,27 @@ std::optional<MatchedClient> matchOf(const ListView& list, const KlientDat& card
 }
 
 // Merges a client unless the user, asked by one of the boxes, does not want an existing one
-// overwritten.
-void mergeAfterQuestion(ImportRun& run, const ComingClient& client,
+// overwritten; false then.
+bool mergeAfterQuestion(ImportRun& run, const ComingClient& client,
                         bool (Dialogs::*ask)(const std::string&, const std::string&)) {
     ClientContext& clients = run.context().clients;
     Dialogs& dialogs = clients.platform.dialogs;
     const std::optional<MatchedClient> match = matchOf(clients.clients.list, client.card);
-    if (match && !(dialogs.*ask)(existsQuestion(clients.session, client.card), {}))
+    if (match && !(dialogs.*ask)(existsQuestion(clients.session, client.card), {})) {
         run.skip(match->intid);
-    else
-        run.merge(client, match);
+        return false;
+    }
+    run.merge(client, match);
+    return true;
+}
+
+// Tells which client is next; false when the user has cancelled the work.
+bool goesOn(const ExchangeContext& context, const ComingClient& client, std::size_t done,
+            std::size_t total) {
+    const std::string name = fullName(client.card);
+    return context.progress == nullptr ||
+           context.progress->goesOn(
+               {.work = Work::Importing, .done = done, .total = total, .name = name});
 }
 
 ComingClient clientIn(const fs::path& folder, bool isTemporary) {
@@ -126,10 +138,7 @@ void eachClient(const ExchangeContext& context, const fs::path& folder, bool isT
     const std::vector<fs::path> klist = subFolders(folder);
     for (std::size_t i = 0; i < klist.size(); ++i) {
         const ComingClient client = clientIn(klist[i], isTemporary);
-        const std::string name = fullName(client.card);
-        if (context.progress != nullptr &&
-            !context.progress->goesOn(
-                {.work = Work::Importing, .done = i, .total = klist.size(), .name = name}))
+        if (!goesOn(context, client, i, klist.size()))
             return;
         act(client);
     }
@@ -173,8 +182,7 @@ ImportedClients importClient(ExchangeContext& context) {
         return {};
     }
     ImportRun run(context);
-    mergeAfterQuestion(run, client, &Dialogs::confirmation);
-    if (run.results.empty() || run.results.front().result != ImportResult::Skipped)
+    if (!goesOn(context, client, 0, 1) || mergeAfterQuestion(run, client, &Dialogs::confirmation))
         removeImportFolder(context.clients.session);
     return run.results;
 }

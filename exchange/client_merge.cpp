@@ -152,11 +152,16 @@ void ImportRun::makeNew(const ComingClient& client) {
 
 void ImportRun::overwrite(const ComingClient& client, const MatchedClient& match) {
     showTab(context_.clients, MainTab::Clients);
+    const Session& session = context_.clients.session;
+    Dialogs& dialogs = context_.clients.platform.dialogs;
     if (!attempt([&] { storeOver(client, match); })) {
+        if (!refusalTold_)
+            dialogs.message(t(session, "noBackup"));
+        refusalTold_ = true;
         skip(match.intid);
         return;
     }
-    context_.clients.platform.dialogs.notice(t(context_.clients.session, "t12"));
+    dialogs.notice(t(session, "t12"));
     results.push_back({.intid = match.intid, .result = ImportResult::Overwritten});
 }
 

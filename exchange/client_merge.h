@@ -50,7 +50,8 @@ public:
     ImportRun& operator=(const ImportRun&) = delete;
     ~ImportRun(); // all that came is on the disk
 
-    // Makes a new client, or overwrites the matched one, which goes into the backup first.
+    // Makes a new client, or overwrites the matched one, which goes into the backup first. When it
+    // cannot, the client is skipped, and the first time that is told.
     void merge(const ComingClient& client, const std::optional<MatchedClient>& match);
     void skip(const std::string& intid);
 
@@ -71,6 +72,7 @@ private:
 
     ExchangeContext& context_;
     ImportBackup backup_;
+    bool refusalTold_ = false;
     std::set<std::string> folders_;    // the clients' folders, folded
     std::optional<Transaction> batch_; // several clients reach the disk together
     std::chrono::steady_clock::time_point batchBegun_;

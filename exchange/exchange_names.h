@@ -5,9 +5,6 @@
 
 namespace vorna::names {
 
-// Among the clients' folders: what an import unpacks. Found without regard to case.
-inline constexpr std::string_view importFolder = "TEMPImport";
-
 inline constexpr std::string_view groupArchive = "VornaExport.zip";
 inline constexpr std::string_view archiveEnding = ".zip";
 

@@ -21,6 +21,9 @@ public:
     virtual void stopTimer(int number) = 0;
     // Handles what waits now and comes back.
     virtual void processEvents() = 0;
+    // The same without the user's input, which waits: for a timer's handler, on which a window that
+    // opens would stand.
+    virtual void processEventsButInput() = 0;
     // A nested turn of the loop for this long.
     virtual void wait(Milliseconds duration) = 0;
     // A nested turn of the loop until `done` says so; a modal window stands on it.

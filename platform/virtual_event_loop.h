@@ -25,6 +25,7 @@ public:
     void stopTimer(int number) override;
     // Runs the timers that are due now.
     void processEvents() override;
+    void processEventsButInput() override { processEvents(); } // there is no input
     void wait(Milliseconds duration) override;
     // Comes back as well when no timer is left that could bring the end about.
     void runUntil(const std::function<bool()>& done) override;

@@ -22,6 +22,8 @@ using Seconds = std::chrono::duration<double>;
 
 // How often a missing reader is looked for.
 constexpr Seconds readerPause{0.01};
+// One that closes and opens again within this has not left.
+constexpr Seconds reopenPause{0.05};
 // A machine that stood still makes up for so many lines, and a slow reader gets so many
 // characters later; the others are lost, as on a line without flow control.
 constexpr std::int64_t mostLinesAtOnce = 5000;
@@ -108,11 +110,14 @@ private:
 
     // Follows the reader's coming and going; true when nobody is awaited any more.
     bool leftForGood() {
+        const SteadyTime now = std::chrono::steady_clock::now();
         const bool hasReader = terminal_.hasReader();
+        if (hasReader)
+            lastSeen_ = now;
         if (hasReader && !began_) {
-            began_ = std::chrono::steady_clock::now();
+            began_ = now;
             linesPrinted_ = 0;
-        } else if (!hasReader && began_) {
+        } else if (began_ && now - lastSeen_ > reopenPause) {
             noteSentText();
             if (playTime() >= options_.play.lastPointFrom)
                 return true;
@@ -161,6 +166,7 @@ private:
     std::ostream& notes_;
     PseudoTerminal terminal_;
     std::optional<SteadyTime> began_; // when the reader came; none while there is none
+    SteadyTime lastSeen_;
     std::int64_t linesPrinted_ = 0;
     std::string unsentText_;
 };

@@ -25,6 +25,10 @@ constexpr std::size_t mostWaiting = 100'000; // lines
 // ahead of the real time than that.
 constexpr std::int64_t latestTime = 1'000'000'000'000;
 constexpr auto longestLead = 5s;
+// A point with the settings' contact count, and what lies between two of them.
+constexpr double leastPatience = 60;
+constexpr double secondsOfTick = 0.2;
+constexpr double secondsOfEnd = 3.5;
 using RealClock = std::chrono::steady_clock;
 using RealTime = RealClock::time_point;
 
@@ -185,8 +189,11 @@ public:
 
 private:
     [[nodiscard]] bool isStuck() const {
-        return std::chrono::duration<double>(RealClock::now() - lastProgress_).count() >
-               order_.patience;
+        return std::chrono::duration<double>(RealClock::now() - lastProgress_).count() > patience();
+    }
+    [[nodiscard]] double patience() const {
+        const double longestPoint = secondsOfTick * process_.session.dobamer + secondsOfEnd;
+        return order_.patience.value_or(std::max(leastPatience, 2 * longestPoint / order_.speed));
     }
     void tellProgress(const RunControls& run) {
         const int done = run.boxesDone();

@@ -5,6 +5,7 @@
 #include "tool/process.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace vorna {
@@ -16,7 +17,9 @@ struct GuidedMeasurement {
     // Of the clock. Above 1 the device must play as fast; one that tells its own time in its lines
     // is then followed exactly, any other may be missed in part where the machine is busy.
     double speed = 1;
-    double patience = 60; // seconds of real time: longer than this no point may take
+    // Seconds of real time: longer than this no point may take. None: a minute, or twice as long as
+    // a point of the settings takes.
+    std::optional<double> patience;
     std::function<void(int points)> pointsChanged; // how many points are measured or skipped
 };
 

@@ -14,7 +14,7 @@ struct MeasureArguments {
 };
 
 CommandResult run(const MeasureArguments& arguments, const ToolOptions& options) {
-    if (!std::isfinite(arguments.order.patience))
+    if (!std::isfinite(arguments.order.patience.value_or(0)))
         throw WrongUsage("--patience: not a number of seconds");
     const OffscreenQt qt;
     ToolProcess process(options);
@@ -48,9 +48,9 @@ CommandBody declareMeasure(CLI::App& subcommand) {
         ->check(CLI::Range(1, 24));
     subcommand
         .add_option("--patience", order.patience,
-                    "gives up once no further point was measured for so many seconds of real time")
-        ->check(CLI::PositiveNumber)
-        ->capture_default_str();
+                    "gives up once no further point was measured for so many seconds of real time; "
+                    "without it 60, or twice the time that a point of the settings takes")
+        ->check(CLI::PositiveNumber);
     return [arguments](const ToolOptions& options) { return run(*arguments, options); };
 }
 

@@ -4,6 +4,9 @@
 #include "platform/files.h"
 #include "tool/command.h"
 
+#include <QRegularExpression>
+#include <QUrl>
+
 #include <algorithm>
 
 namespace vorna {
@@ -48,19 +51,19 @@ void addToPrintList(LibraryTab& library, const std::string& point) {
     library.pointGrid.buttonClicked(printListColumn);
 }
 
-// The pictures that a page shows, in its order; those beside it by their paths.
+// The path of a picture's address: one with a scheme, or a name beside the page.
+std::string picturePath(const std::string& address, const fs::path& folder) {
+    const QUrl url(QString::fromStdString(address));
+    return url.isLocalFile() ? url.toLocalFile().toStdString() : pathText(folder / address);
+}
+
+// The paths of the pictures that a page shows, in its order.
 ordered_json picturesOf(const std::string& page, const fs::path& folder) {
+    static const QRegularExpression picture("<img\\s[^>]*?\\bsrc=\"([^\"]*)\"");
     auto pictures = ordered_json::array();
-    constexpr std::string_view mark = "src=\"";
-    for (std::size_t at = page.find(mark); at != std::string::npos; at = page.find(mark, at)) {
-        at += mark.size();
-        std::string source = page.substr(at, page.find('"', at) - at);
-        if (source.starts_with("file://"))
-            source.erase(0, std::string_view("file://").size());
-        else
-            source = pathText(folder / source);
-        pictures.push_back(jsonText(source));
-    }
+    auto found = picture.globalMatch(QString::fromStdString(page));
+    while (found.hasNext())
+        pictures.push_back(jsonText(picturePath(found.next().captured(1).toStdString(), folder)));
     return pictures;
 }
 

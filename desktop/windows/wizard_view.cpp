@@ -132,8 +132,8 @@ bool WizardView::eventFilter(QObject* watched, QEvent* event) {
     return static_cast<QKeyEvent*>(event)->isAutoRepeat() || pressEnter(watched);
 }
 
-// While a point is measured Enter skips it, wherever the keyboard is; otherwise it presses the
-// button it is on, or the one that leads. In the fields of the top strip it does neither.
+// Enter presses the button that the keyboard is on; elsewhere it skips the point that is measured,
+// or presses the leading button. In the fields of the top strip it does nothing.
 bool WizardView::pressEnter(QObject* focus) {
     Control* const control = binder().controlOf(focus);
     const PointState state = wizard_.run.progress.state;
@@ -141,15 +141,17 @@ bool WizardView::pressEnter(QObject* focus) {
     if (control == &wizard_.setChooser || (measures && control == &wizard_.run.startIndex))
         return true;
     auto* const box = dynamic_cast<PointBox*>(control);
+    if (auto* const pressed = qobject_cast<QAbstractButton*>(focus); pressed && box == nullptr) {
+        pressed->click();
+        return true;
+    }
     if (measures) {
         call(box != nullptr ? box->enterPressed : wizard_.run.box(1).enterPressed);
         return true;
     }
     if (dynamic_cast<PictureView*>(focus) != nullptr)
         return false;
-    if (auto* const pressed = qobject_cast<QAbstractButton*>(focus); pressed && box == nullptr)
-        pressed->click();
-    else if (const Button* const leading = wizard_.leadingAction())
+    if (const Button* const leading = wizard_.leadingAction())
         leading->click();
     return true;
 }

@@ -42,6 +42,10 @@ void QtEventLoop::processEvents() {
     QCoreApplication::processEvents();
 }
 
+void QtEventLoop::processEventsButInput() {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 void QtEventLoop::wait(Milliseconds duration) {
     QElapsedTimer elapsed;
     elapsed.start();

@@ -21,6 +21,7 @@ public:
     int startTimer(Milliseconds interval, Handler handler) override;
     void stopTimer(int number) override;
     void processEvents() override;
+    void processEventsButInput() override;
     void wait(Milliseconds duration) override;
     void runUntil(const std::function<bool()>& done) override;
 

@@ -318,6 +318,7 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
     desk.place.folder.write("VORNA/HTML/sestava.html", "Adam");
     desk.place.folder.write("VORNA/HTML/graf10.bmp", "");
     desk.place.folder.write("VORNA/HTML/css/text.css", "");
+    desk.place.folder.write("VORNA/data/TempImport/a1/klient.dat", "Adam");
     searchClients(desk.context);
 
     desk.select(1);
@@ -334,6 +335,7 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
     desk.select(0);
     deleteClient(desk.context);
     EXPECT_FALSE(fs::exists(backup / "data/a1"));
+    EXPECT_FALSE(fs::exists(desk.place.session.clientsFolder / "TempImport"));
     EXPECT_TRUE(fs::exists(backup / "data/a2"));
     for (const fs::path& root : {desk.place.session.dataRoot, backup}) {
         EXPECT_EQ(readWholeFile(root / names::clients).find("Adam"), std::string::npos) << root;

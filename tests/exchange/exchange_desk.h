@@ -44,7 +44,8 @@ struct ExchangeDesk : ClientDesk {
     explicit ExchangeDesk(std::int16_t language = languageCzech) : ClientDesk(language) {
         place.folder.write("installation/lang1.ini",
                            "[other]\nT1=saved\nt9=where to\nt10=exported\nt11=archives\n"
-                           "t12=imported\nt133=\"again? \"\nt134=from where\nt139=all exported\n");
+                           "t12=imported\nt133=\"again? \"\nt134=from where\nt139=all exported\n"
+                           "noBackup=not backed up\n");
         fs::create_directories(place.folder / "out");
     }
 

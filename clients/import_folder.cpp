@@ -1,6 +1,6 @@
-#include "exchange/exchange_context.h"
+#include "clients/import_folder.h"
 
-#include "exchange/exchange_names.h"
+#include "core/file_names.h"
 #include "platform/files.h"
 
 namespace vorna {
