@@ -2,6 +2,7 @@
 
 #include "application/main_window.h"
 #include "application/reference_check.h"
+#include "application/translation_check.h"
 #include "clients/info_panel.h"
 #include "clients/picture_window.h"
 #include "core/file_names.h"
@@ -70,6 +71,8 @@ Texts readTexts(const fs::path& appFolder, std::int16_t language, Faults& faults
                 faults.push_back(name + ": the key " + key + " is empty");
             if (firstCharacters(entry.value, seenValueCharacters).size() != entry.value.size())
                 faults.push_back(name + ": the key " + key + " is longer than a read shows");
+            if (const std::string word = strangeWord(entry.value, language); !word.empty())
+                faults.push_back(name + ": the key " + key + " is in another language: " + word);
         }
     });
     return texts;

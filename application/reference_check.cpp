@@ -3,6 +3,7 @@
 #include "acquisition/measurement_sets.h"
 #include "application/main_window.h"
 #include "application/picture_check.h"
+#include "application/translation_check.h"
 #include "core/file_names.h"
 #include "core/reference_database.h"
 #include "evaluation/scoring.h"
@@ -136,74 +137,6 @@ void checkWords(const Reference& reference) {
         reference.fault(points.text("n") + " points, 361 are wanted");
 }
 
-// The translated columns of the sister tables; each text of the first language must stand in every
-// other.
-struct Translation {
-    std::string_view plain;
-    std::string_view sister;
-    std::vector<std::string_view> keys;
-    std::vector<std::string_view> texts;
-};
-
-const std::vector<Translation>& translations() {
-    static const std::vector<Translation> tables{
-        {"Meridians",
-         "_Meridians",
-         {"j-meridian"},
-         {"j-meridianName", "j-shortName", "j-descr-short", "j-description"}},
-        {"Elements", "_elements", {"j-id"}, {"j-elementname"}},
-        {"EnergyTypes", "_EnergyTypes", {"j-id"}, {"j-energy"}},
-        {"GrafyTypy", "_GrafyTypy", {"j-id", "j-sloupec"}, {"j-nazevGrafu", "j-nazevSloupce"}},
-        {"Points", "_Points", {"j-pointLong"}, {"j-descr"}},
-        {"PointTypes", "_pointTypes", {"j-id"}, {"j-type"}},
-        {"ProblemTypes", "_ProblemTypes", {"j-problem"}, {"j-descr"}},
-        {"Skelet", "_skelet", {"j-ID"}, {"j-hodnota"}},
-        {"Therapy_APM", "_Therapy_APM", {"j-graf", "j-column"}, {"j-text"}},
-        {"Therapy_e", "_Therapy_e", {"j-therapy"}, {"j-therapyText"}},
-        {"Therapy_m", "_Therapy_m", {"j-therapy"}, {"j-therapytext", "j-adtherapytext"}}};
-    return tables;
-}
-
-// How many texts stand in the first language and not in this one.
-std::int64_t missingTexts(Database& database, const Translation& table, std::int16_t language) {
-    std::string same;
-    for (const std::string_view key : table.keys)
-        same += " and f.\"" + std::string(key) + "\" = s.\"" + std::string(key) + "\"";
-    std::int64_t missing = 0;
-    for (const std::string_view text : table.texts) {
-        const std::string column = "\"" + std::string(text) + "\"";
-        missing +=
-            database
-                .query("select count(*) as n from " + std::string(table.sister) + " f left join " +
-                           std::string(table.sister) + " s on s.jazyk = ?" + same +
-                           " where f.jazyk = 1 and coalesce(f." + column +
-                           ", '') <> '' and coalesce(s." + column + ", '') = ''",
-                       {std::int64_t{language}})
-                .number("n");
-    }
-    return missing;
-}
-
-// A row without a text in a language would show the language of the start before.
-void checkTranslations(const Reference& reference, std::int16_t language) {
-    Database& database = referenceDatabase(reference.session);
-    for (const Translation& table : translations()) {
-        const std::string name(table.plain);
-        const std::int64_t rows = database.query("select count(*) as n from " + name).number("n");
-        const std::int64_t translated =
-            database
-                .query("select count(*) as n from " + std::string(table.sister) +
-                           " where jazyk = ?",
-                       {std::int64_t{language}})
-                .number("n");
-        if (rows != translated)
-            reference.fault(name + ": " + std::to_string(translated) + " of " +
-                            std::to_string(rows) + " rows have a text");
-        if (const std::int64_t missing = missingTexts(database, table, language); missing > 0)
-            reference.fault(name + ": " + std::to_string(missing) + " texts are missing or empty");
-    }
-}
-
 // ---- Proposals
 
 // A measurement at one level but for one side of a pathway, which calls for the problem.
@@ -291,7 +224,7 @@ void checkReferences(EvaluationContext& context, const std::filesystem::path& ap
                 checkSets(reference);
                 checkChartOrders(reference);
                 checkWords(reference);
-                checkTranslations(reference, language);
+                checkTranslations(*session.referenceDb, language, reference.where, faults);
                 checkProposals(reference, context);
             });
             if (!ran)

@@ -2,6 +2,7 @@
 // that a window shows of it, and the memory of it all. Prints one line for each figure.
 //
 //     client_bench 10000 20      clients, measurements of each
+#include "bench/registry.h"
 #include "clients/client_operations.h"
 #include "core/file_names.h"
 #include "platform/files.h"
@@ -9,10 +10,8 @@
 #include "tool/process.h"
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
-#include <fcntl.h>
 #include <fstream>
 #include <iostream>
 #include <random>
@@ -23,39 +22,6 @@ namespace {
 using namespace vorna;
 
 constexpr std::size_t shownRows = 40;
-
-// Surnames of the usual build and spread: a stem of syllables, half of them in the feminine form.
-std::string surname(std::mt19937& random) {
-    static constexpr std::array syllables{
-        "No", "vá", "Svo", "bo", "Dvo", "řá", "Čer", "ný",  "Pro", "chá", "Ku", "če", "Ve", "se",
-        "Ho", "rá", "Ně",  "me", "Po",  "ko", "Ma",  "rek", "Já",  "ra",  "Še", "Ži", "Chu"};
-    std::string name;
-    const auto any = [&] { return syllables[random() % syllables.size()]; };
-    for (std::size_t i = 2 + random() % 2; i > 0; --i)
-        name += any();
-    return name + (random() % 2 == 0 ? "k" : "ková");
-}
-
-void makeRegistry(const std::filesystem::path& dataRoot, int clients, int measurements) {
-    std::mt19937 random(1);
-    Database database(under(dataRoot, names::clients));
-    Transaction transaction(database);
-    for (int i = 0; i < clients; ++i) {
-        const std::string intid = "a" + std::to_string(800000000 + i) + "05";
-        database.execute(
-            "insert into klienti (prijmeni, jmeno, narozeni, telefon, intid, zalozeni)"
-            " values (?, ?, '01.02.1980', '+420 123 456 789', ?, '31.1.2025 14:30:05')",
-            {surname(random), "Jana", intid});
-        const std::filesystem::path folder = dataRoot / names::data / intid;
-        std::filesystem::create_directory(folder);
-        for (int k = 0; k < measurements; ++k) {
-            const std::string name =
-                std::to_string(250101120000 + 1000000LL * k) + "_P_N_J~D^T.daf";
-            ::close(::open((folder / name).c_str(), O_WRONLY | O_CREAT, 0600));
-        }
-    }
-    transaction.commit();
-}
 
 double residentMegabytes() {
     std::ifstream file("/proc/self/statm");
@@ -81,7 +47,7 @@ std::vector<double> keyStrokes(ToolProcess& process) {
     std::mt19937 random(2);
     std::vector<double> times;
     for (int name = 0; name < 100; ++name) {
-        const std::string typed = surname(random);
+        const std::string typed = madeSurname(random);
         std::string text;
         for (std::size_t length = 1; length <= 5; ++length) {
             text = firstCharacters(typed, length);

@@ -108,8 +108,14 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
             call(box->left);
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
-        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && control->enterPressed) {
+        const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+        if (isEnter && control->enterPressed) {
             control->enterPressed();
+            return true;
+        }
+        auto* const pressed = qobject_cast<QAbstractButton*>(watched);
+        if (isEnter && pressed != nullptr && !pressed->isCheckable()) {
+            pressed->click();
             return true;
         }
     }

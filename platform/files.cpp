@@ -13,6 +13,15 @@
 namespace vorna {
 namespace {
 
+// CON, NUL and the like, whatever ending follows.
+bool isDeviceName(std::string_view name) {
+    const std::string stem = foldCase(name.substr(0, name.find('.')));
+    if (stem == "con" || stem == "prn" || stem == "aux" || stem == "nul")
+        return true;
+    return stem.size() == 4 && (stem.starts_with("com") || stem.starts_with("lpt")) &&
+           stem.back() >= '1' && stem.back() <= '9';
+}
+
 // Closes a descriptor at the end of its scope.
 class OpenFile {
 public:
@@ -105,7 +114,7 @@ std::string pathText(const fs::path& path) {
 }
 
 bool isForbiddenFileName(std::string_view name) {
-    if (name.empty() || name.back() == ' ' || name.back() == '.')
+    if (name.empty() || name.back() == ' ' || name.back() == '.' || isDeviceName(name))
         return true;
     return std::any_of(name.begin(), name.end(), [](char c) {
         return static_cast<unsigned char>(c) < 0x20 ||

@@ -22,7 +22,7 @@ std::string pathText(const fs::path& path);
 
 // True for a name that some file system of an installation cannot hold (those of Windows, so that
 // a data root can move): one with a control character or any of  < > : " / \ | ? *
-// or that ends in a blank or dot, or is empty.
+// or that ends in a blank or dot, or is empty, or that names a device (nul, com1.txt).
 bool isForbiddenFileName(std::string_view name);
 
 // True when it is certain that nothing stands under the path: a path that cannot be asked (a

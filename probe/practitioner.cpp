@@ -8,6 +8,9 @@ namespace {
 
 constexpr std::array<std::string_view, 4> names{"balanced", "one-sided", "exhausted", "unsteady"};
 
+// Longer than a calibration looks at the probe at rest.
+constexpr double restSeconds = 4;
+
 // A guided run with the default settings.
 constexpr double unitsPerChartUnit = 30;
 constexpr double tickSeconds = 0.2;
@@ -28,7 +31,7 @@ public:
     PractitionerSession session() {
         PractitionerSession made;
         choosePeaks(made.peaks);
-        off(1.5);
+        off(restSeconds);
         for (std::size_t point = 0; point < pointCount; ++point) {
             play_.repeatFrom = lengthOf(play_);
             takePoint(made.peaks[point]);

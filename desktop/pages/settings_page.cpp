@@ -149,24 +149,44 @@ Card* dataCard(const PageParts& parts) {
     return card;
 }
 
-QWidget* settingsFrame(const PageParts& parts) {
-    auto* const content = new QWidget;
-    auto* const sides = row(16);
-    content->setLayout(sides);
-    const auto side = [&](std::initializer_list<Card*> cards) {
+// Two columns of cards, one below the other where there is no room beside it.
+class CardColumns final : public QScrollArea {
+public:
+    CardColumns() {
+        auto* const content = new QWidget;
+        content->setLayout(sides_);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+        setWidget(content);
+    }
+
+    void add(std::initializer_list<Card*> cards) {
         auto* const lines = column();
         for (Card* const card : cards)
             lines->addWidget(card);
         lines->addStretch(1);
-        sides->addLayout(lines, 1);
-    };
-    side({modeCard(parts), practitionerCard(parts)});
-    side({probeCard(parts), templateCard(parts), dataCard(parts)});
-    auto* const scroll = new QScrollArea;
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setWidget(content);
-    return scroll;
+        sides_->addLayout(lines, 1);
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        int needed = sides_->spacing() * (sides_->count() - 1);
+        for (int i = 0; i < sides_->count(); ++i)
+            needed += sides_->itemAt(i)->minimumSize().width();
+        sides_->setDirection(viewport()->width() < needed ? QBoxLayout::TopToBottom
+                                                          : QBoxLayout::LeftToRight);
+        QScrollArea::resizeEvent(event);
+    }
+
+private:
+    QBoxLayout* sides_ = row(16);
+};
+
+QWidget* settingsFrame(const PageParts& parts) {
+    auto* const columns = new CardColumns;
+    columns->add({modeCard(parts), practitionerCard(parts)});
+    columns->add({probeCard(parts), templateCard(parts), dataCard(parts)});
+    return columns;
 }
 
 QWidget* aboutFrame(const PageParts& parts) {

@@ -67,6 +67,8 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
     removeLine("lang4.ini", "Command37.caption=");
     WriteIniValue(app / "lang1.ini", "other", "t49", "");
     WriteIniValue(app / "lang1.ini", "other", "t101", std::string(255, 'x'));
+    WriteIniValue(app / "lang2.ini", "other", "t50", "Mess (und) Punkt");
+    WriteIniValue(app / "lang4.ini", "other", "t50", "The device is missing");
     change(names::referenceTcm, R"(
         create table rows as select * from sadymereni;
         drop table sadymereni;
@@ -81,7 +83,10 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
         delete from GrafyTypy where id = 14;
         update _Therapy_m set "j-therapytext" = '' where jazyk = 3 and "j-therapy" = 12;
         delete from SpecPoints where pkMeridian = '01' and PointType = 8;
-        update Points set Povel = 0 where pointLong in ('0105', '0810'))");
+        update Points set Povel = 0 where pointLong in ('0105', '0810');
+        update _Elements set "j-elementname" = 'Дерево' where "j-id" = 1 and jazyk = 1;
+        update _ProblemTypes set "j-descr" = 'Eine Differenz zwischen zwei Seiten'
+            where "j-problem" = 1 and jazyk = 3)");
     writeFileAtomically(app / names::referenceApm, "no database");
 
     const std::vector<std::string> faults = check();
@@ -93,6 +98,8 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
         "lang4.ini: the key graffrm Command37.caption is missing",
         "lang1.ini: the key other t49 is empty",
         "lang1.ini: the key other t101 is longer than a read shows",
+        "lang2.ini: the key other t50 is in another language: und",
+        "lang4.ini: the key other t50 is in another language: The",
         "vorna-tcm.mdb, language 1: set 2, run place 1, field 1 is missing or empty",
         "vorna-tcm.mdb, language 4: set 3, run place 2: the extIndex stands twice in the set",
         "vorna-tcm.mdb, language 1: chart 18, set 1, place 2: the slot stands twice",
@@ -101,6 +108,9 @@ TEST_F(InstallationCheckTest, PlantedFaultsAreFound) {
         "vorna-tcm.mdb, language 1: the proposals for problem 2 of slot 5 in set 1 end at a point "
         "that is not there",
         "vorna-tcm.mdb, language 3: Therapy_m: 1 texts are missing or empty",
+        "vorna-tcm.mdb, language 1: Elements: in another language (дерево): \"Дерево\"",
+        "vorna-tcm.mdb, language 3: ProblemTypes: longer than 30 characters: \"Eine Differenz "
+        "zwischen zwei Seiten\"",
         "vorna-tcm.mdb, language 4: no energy proposal for problem 3 of meridian 01",
         "vorna-apm.mdb does not open",
     };

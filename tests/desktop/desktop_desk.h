@@ -48,10 +48,13 @@ public:
         const fs::path setup = folder / "data/VORNA/setup.ini";
         WriteIniValue(setup, "Global", "Jazyk", std::to_string(language));
         WriteIniValue(setup, "Global", "ModFunkce", tcm ? "1" : "0");
-        program->start();
-        program->view().resize(1280, 800);
-        program->show();
-        settle();
+        open();
+    }
+    // With the settings as they are now.
+    void startAgain() {
+        program.reset();
+        make();
+        open();
     }
     void selectSample() {
         selectClientRow(program->window(), 0);
@@ -85,6 +88,13 @@ public:
 private:
     void make() {
         program = std::make_unique<DesktopProgram>(StartupFolders{folder / "app", folder / "data"});
+    }
+
+    void open() {
+        program->start();
+        program->view().resize(1280, 800);
+        program->show();
+        settle();
     }
 
     void answer() {

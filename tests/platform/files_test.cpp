@@ -147,10 +147,12 @@ TEST(Files, ListsAscendByCharacterCode) {
 }
 
 TEST(Files, NamesThatSomeFileSystemCannotHoldAreKnown) {
-    for (const char* const name : {"", " ", ".", "..", "x.", "x ", "a/b", "a\\b", "a:b", "a*", "a?",
-                                   "a\"b", "<a", "a>", "a|b", "a\tb", "a\n", "a\x1F"})
+    for (const char* const name :
+         {"",     " ",  ".",  "..",  "x.",   "x ",  "a/b",   "a\\b", "a:b",     "a*",   "a?",
+          "a\"b", "<a", "a>", "a|b", "a\tb", "a\n", "a\x1F", "nul",  "Con.txt", "LPT9", "com1.x.y"})
         EXPECT_TRUE(isForbiddenFileName(name)) << '"' << name << '"';
-    for (const char* const name : {"a82654120345,5", " a", "O'Neil~Dvořák^A.daf", "%s&;$(x)", ".x"})
+    for (const char* const name : {"a82654120345,5", " a", "O'Neil~Dvořák^A.daf", "%s&;$(x)", ".x",
+                                   "null", "com0", "Con_Jan.zip", "com10"})
         EXPECT_FALSE(isForbiddenFileName(name)) << '"' << name << '"';
 }
 
