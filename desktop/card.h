@@ -29,7 +29,7 @@ private:
 };
 
 // A sheet with round corners. Its content goes into `body`.
-class Card final : public QFrame {
+class Card : public QFrame {
 public:
     explicit Card(QWidget* parent = nullptr);
     Card(const QString& iconName, const QString& heading, QWidget* parent = nullptr);

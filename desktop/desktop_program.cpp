@@ -69,8 +69,10 @@ DesktopProgram::~DesktopProgram() = default;
 void DesktopProgram::start() {
     std::error_code error; // without the folder the steps of start-up fail, each on its own
     std::filesystem::create_directories(folders_.commonData, error);
-    startUp(folders_, session_, window_, platform_);
+    const bool firstRun = startUp(folders_, session_, window_, platform_);
     view_ = std::make_unique<MainView>(session_, window_);
+    if (firstRun)
+        view_->takeFirstPlace();
     window_.showHelp = [this](const std::filesystem::path& file) { showHelp(file); };
     view_->helpWanted = [this] { showHelp(helpFile(session_)); };
     view_->closed = [this] {

@@ -11,9 +11,11 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollArea>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include <array>
@@ -95,6 +97,14 @@ MainView::MainView(const Session& session, MainWindow& window)
 }
 
 MainView::~MainView() = default;
+
+void MainView::takeFirstPlace() {
+    constexpr int firstWidth = 1280;
+    constexpr int firstHeight = 800;
+    const QRect room = screen()->availableGeometry();
+    const QSize size = QSize(px(firstWidth), px(firstHeight)).boundedTo(room.size());
+    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, room));
+}
 
 QWidget* MainView::makeStrip() {
     auto* const strip = new QWidget;

@@ -22,6 +22,9 @@ public:
     MainView(const Session& session, MainWindow& window);
     ~MainView() override;
 
+    // A roomy size in the middle of the screen, for a start that has none of before.
+    void takeFirstPlace();
+
     [[nodiscard]] Binder& binder() { return binder_; }
 
     // The window is closed by the user.

@@ -17,6 +17,7 @@ namespace vorna {
 namespace {
 
 constexpr int sideWidth = 228;
+constexpr int leastPathwayLine = 350;
 
 TableColumn tableColumn(std::size_t source, double width, bool fixed = false) {
     TableColumn made;
@@ -45,6 +46,23 @@ QLineEdit* quietLine(double size, bool bold) {
     return line;
 }
 
+// The chosen pathway with its button, which goes below where there is no room beside it.
+class PathwayCard final : public Card {
+public:
+    PathwayCard() { body().addLayout(line_); }
+    QBoxLayout& line() { return *line_; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override {
+        line_->setDirection(width() < px(leastPathwayLine) ? QBoxLayout::TopToBottom
+                                                           : QBoxLayout::LeftToRight);
+        Card::resizeEvent(event);
+    }
+
+private:
+    QBoxLayout* line_ = row(12);
+};
+
 QWidget* meridianColumn(const PageParts& parts) {
     LibraryTab& tab = parts.window.library;
     auto* const whole = new QWidget;
@@ -56,12 +74,12 @@ QWidget* meridianColumn(const PageParts& parts) {
                     tableColumn(3, 19), tableColumn(4, 17)};
     auto* const table = new ListTable(std::move(form));
     table->setAccessibleName(parts.texts("Frame16.caption"));
+    table->setGivingWay({4, 3, 2}, 400);
     parts.binder.bind(tab.meridianGrid, *table);
     followHeaders(parts, tab.meridianGrid, *table);
     lines->addWidget(table, 1);
 
-    auto* const card = new Card;
-    auto* const line = row(12);
+    auto* const card = new PathwayCard;
     auto* const names = column(0);
     QLineEdit* const meridian = quietLine(17, true);
     meridian->setAccessibleName(parts.texts("Frame16.caption"));
@@ -71,13 +89,12 @@ QWidget* meridianColumn(const PageParts& parts) {
     parts.binder.bind(tab.chinaBox, *china);
     names->addWidget(meridian);
     names->addWidget(china);
-    line->addLayout(names, 1);
+    card->line().addLayout(names, 1);
     for (Button* const control : {&tab.showApm, &tab.showTcm}) {
         QPushButton* const show = button("body");
         parts.binder.bind(*control, *show);
-        line->addWidget(show);
+        card->line().addWidget(show);
     }
-    card->body().addLayout(line);
     lines->addWidget(card);
     return whole;
 }
@@ -100,6 +117,7 @@ QWidget* pointColumn(const PageParts& parts) {
     form.rowHeight = 46;
     auto* const table = new ListTable(std::move(form));
     table->setAccessibleName(parts.texts("Frame17.caption"));
+    table->setGivingWay({2}, 330);
     parts.binder.bind(tab.pointGrid, *table);
     followHeaders(parts, tab.pointGrid, *table);
     lines->addWidget(table, 1);
