@@ -8,9 +8,9 @@
 #include "desktop/desktop_windows.h"
 #include "desktop/help/help_view.h"
 #include "desktop/main_view.h"
+#include "desktop/seams/loaded_sound.h"
 #include "desktop/seams/qt_desktop.h"
 #include "desktop/seams/qt_dialogs.h"
-#include "desktop/seams/qt_sound.h"
 #include "desktop/windows/work_view.h"
 #include "platform/ftdi_device_search.h"
 #include "platform/qt/qt_chart_drawing.h"
@@ -49,7 +49,7 @@ private:
     QtDialogs dialogs_;
     QtClipboard clipboard_;
     QtOpener opener_;
-    QtSound sound_;
+    LoadedSound sound_;
     QtChartDrawing drawing_;
     Platform platform_;
     Session session_;

@@ -75,14 +75,15 @@ MainView::MainView(const Session& session, MainWindow& window)
     setLayout(lines);
     lines->addWidget(makeStrip());
     pages_ = new QStackedWidget;
-    const PageParts parts{window, binder_, texts_};
-    pages_->addWidget(makeClientsPage(parts));
-    pages_->addWidget(makeCardPage(parts));
-    pages_->addWidget(makeMeasurementsPage(parts));
-    pages_->addWidget(new QWidget); // nothing is on this tab, and it is never shown
-    pages_->addWidget(makeLibraryPage(parts));
-    pages_->addWidget(makeSettingsPage(parts));
+    for (std::size_t i = 0; i < mainTabCount; ++i) {
+        auto* const page = new QWidget;
+        page->setLayout(column(0));
+        pages_->addWidget(page);
+    }
+    makePage(window.tabs.selected);
     lines->addWidget(pages_, 1);
+    nextPage_.setInterval(0);
+    connect(&nextPage_, &QTimer::timeout, this, [this] { makeNextPage(); });
     binder_.onChange(window.tabs, [this] { showPage(); });
     binder_.windowChanged = [this] { setWindowTitle(qt(window_.caption())); };
     setWindowTitle(qt(window.caption()));
@@ -169,7 +170,33 @@ void MainView::addShortcuts() {
 }
 
 void MainView::showPage() {
+    makePage(window_.tabs.selected);
     pages_->setCurrentIndex(window_.tabs.selected);
+}
+
+void MainView::makePage(int index) {
+    using Maker = QWidget* (*)(const PageParts&);
+    // Nothing is on the tab of the charts, and it is never shown.
+    constexpr std::array<Maker, mainTabCount> makers{&makeClientsPage,      &makeCardPage,
+                                                     &makeMeasurementsPage, nullptr,
+                                                     &makeLibraryPage,      &makeSettingsPage};
+    const Maker maker = makers.at(static_cast<std::size_t>(index));
+    QLayout& page = *pages_->widget(index)->layout();
+    if (maker != nullptr && page.isEmpty())
+        page.addWidget(maker({window_, binder_, texts_}));
+}
+
+void MainView::makeNextPage() {
+    if (madePages_ == pages_->count())
+        nextPage_.stop();
+    else
+        makePage(madePages_++);
+}
+
+void MainView::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (madePages_ == 0)
+        nextPage_.start();
 }
 
 void MainView::keepPlace() {

@@ -6,6 +6,7 @@
 #include "desktop/binder.h"
 #include "desktop/texts.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -36,6 +37,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QWidget* makeStrip();
@@ -43,12 +45,17 @@ private:
     void addShortcuts();
     void keepPlace();
     void showPage();
+    void makePage(int index);
+    void makeNextPage();
 
     MainWindow& window_;
     Texts texts_;
     Binder binder_;
     TabBar* tabs_ = nullptr;
     QStackedWidget* pages_ = nullptr;
+    // The page in front is made at once, the others in the turns after the first painting.
+    QTimer nextPage_;
+    int madePages_ = 0;
     bool placed_ = false;
 };
 

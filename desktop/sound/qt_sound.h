@@ -3,7 +3,6 @@
 
 #include "platform/dialogs.h"
 
-#include <chrono>
 #include <map>
 #include <memory>
 #include <string>
@@ -25,8 +24,5 @@ public:
 private:
     std::map<std::string, std::unique_ptr<QSoundEffect>> effects_; // by path; made at first use
 };
-
-// How long a WAV file lasts by its own header; 0 for what is none.
-std::chrono::milliseconds lengthOfWav(const std::filesystem::path& file);
 
 } // namespace vorna

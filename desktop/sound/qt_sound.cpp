@@ -1,4 +1,4 @@
-#include "desktop/seams/qt_sound.h"
+#include "desktop/sound/qt_sound.h"
 
 #include <QAudioDevice>
 #include <QCoreApplication>
@@ -12,11 +12,15 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <chrono>
 
 namespace vorna {
 
 using std::chrono::milliseconds;
 
+namespace {
+
+// How long a WAV file lasts by its own header; 0 for what is none.
 milliseconds lengthOfWav(const std::filesystem::path& file) {
     constexpr qint64 headerSize = 44; // of the form in which the program's own sounds are written
     constexpr qint64 byteRatePlace = 28;
@@ -30,6 +34,8 @@ milliseconds lengthOfWav(const std::filesystem::path& file) {
         return milliseconds{0};
     return std::min(milliseconds{(wav.size() - headerSize) * 1000 / bytesPerSecond}, longest);
 }
+
+} // namespace
 
 QtSound::QtSound() = default;
 

@@ -1,0 +1,8 @@
+// What the program finds in this library by its name.
+#include "desktop/sound/qt_sound.h"
+
+#include <QtGlobal>
+
+extern "C" Q_DECL_EXPORT vorna::Sound* makeSound() {
+    return new vorna::QtSound;
+}
