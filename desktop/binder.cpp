@@ -4,6 +4,7 @@
 #include "desktop/list_table.h"
 #include "desktop/picture_view.h"
 #include "desktop/text_view.h"
+#include "desktop/theme.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -92,7 +93,7 @@ void Binder::bind(Control& control, QWidget& widget) {
     widgets_[&control] = &widget;
     widget.installEventFilter(this);
     onChange(control, [&control, &widget] {
-        widget.setVisible(control.visible);
+        setShown(widget, control.visible);
         widget.setEnabled(control.enabled);
     });
 }

@@ -54,7 +54,7 @@ QWidget* badge(Binder& binder, Picture& control, const QPixmap& sign, bool withW
     made->layout()->addWidget(picture);
     auto* const word = new QLabel(made);
     word->setFont(sizedFont(13.5, true));
-    word->setVisible(withWord);
+    setShown(*word, withWord);
     if (withWord)
         made->layout()->addWidget(word);
     binder.bind(static_cast<Control&>(control), *made);

@@ -132,6 +132,11 @@ int px(double at15) {
     return static_cast<int>(std::lround(at15 * std::max(body, 1) / bodyPixels));
 }
 
+void setShown(QWidget& widget, bool shown) {
+    if (!shown || widget.parentWidget() != nullptr)
+        widget.setVisible(shown);
+}
+
 QFont sizedFont(double at15, bool bold) {
     QFont font = qApp->font();
     font.setPixelSize(std::max(1, px(at15)));

@@ -52,6 +52,10 @@ const Theme& theme();
 // A length or type size that is meant for a body text of 15 pixels, in the user's own size.
 int px(double at15);
 
+// Shows a widget in its place, or hides it. One that is in no layout yet would be shown as a window
+// of its own: it comes with its page.
+void setShown(QWidget& widget, bool shown);
+
 // The application's font in such a size.
 QFont sizedFont(double at15, bool bold = false);
 

@@ -126,10 +126,10 @@ QWidget* problemPanel(Binder& binder, const Texts& texts, ChartWindow& window) {
     lines->addWidget(table, 1);
     QWidget* const foot = hint("info", qt(window.hint.caption));
     lines->addWidget(foot);
-    binder.onChange(window.hint, [&window, foot] { foot->setVisible(window.hint.visible); });
+    binder.onChange(window.hint, [&window, foot] { setShown(*foot, window.hint.visible); });
     binder.onChange(window.problems, [&window, panel, heading] {
         heading->setNote(QString::number(window.problems.size()));
-        panel->setVisible(window.problems.visible);
+        setShown(*panel, window.problems.visible);
     });
     return panel;
 }
@@ -148,7 +148,7 @@ QWidget* textPanel(Binder& binder, ChartWindow& window) {
     binder.bind(window.evaluation, *text);
     lines->addWidget(text, 1);
     binder.onChange(window.evaluation,
-                    [&window, panel] { panel->setVisible(window.evaluation.visible); });
+                    [&window, panel] { setShown(*panel, window.evaluation.visible); });
     return panel;
 }
 
@@ -159,7 +159,7 @@ QWidget* evaluationSide(Binder& binder, const Texts& texts, ChartWindow& window)
     lines->addWidget(problemPanel(binder, texts, window));
     lines->addWidget(textPanel(binder, window));
     const auto follow = [&window, side] {
-        side->setVisible(window.problems.visible || window.evaluation.visible);
+        setShown(*side, window.problems.visible || window.evaluation.visible);
     };
     binder.onChange(window.problems, follow);
     binder.onChange(window.evaluation, follow);

@@ -22,7 +22,7 @@ QLabel* readText(Binder& binder, TextBox& box, double size, bool bold) {
     binder.bind(static_cast<Control&>(box), *label);
     binder.onChange(box, [&box, label] {
         label->setText(qt(box.text).trimmed());
-        label->setVisible(box.visible && !label->text().isEmpty());
+        setShown(*label, box.visible && !label->text().isEmpty());
     });
     return label;
 }

@@ -148,12 +148,12 @@ Card* pointCard(Binder& binder, RecommendationWindow& window) {
     bindUnlessEmpty(binder, window.description, *description);
     lines.addWidget(description);
     binder.onChange(window.description, [&window, rule] {
-        rule->setVisible(!window.description.caption.get().empty());
+        setShown(*rule, !window.description.caption.get().empty());
     });
     binder.onChange(window.points, [&window, card, what] {
         const ListRow* const row = window.points.selectedRow();
         what->setText(row == nullptr ? QString() : qt(row->text));
-        card->setVisible(row != nullptr);
+        setShown(*card, row != nullptr);
     });
     return card;
 }

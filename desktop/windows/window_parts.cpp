@@ -81,14 +81,14 @@ QWidget* titleBlock(Binder& binder, Label& title, Label& subtitle) {
 void bindUnlessEmpty(Binder& binder, Label& control, QLabel& label) {
     binder.bind(control, label);
     binder.onChange(control, [&control, &label] {
-        label.setVisible(control.visible && !control.caption.get().empty());
+        setShown(label, control.visible && !control.caption.get().empty());
     });
 }
 
 void bindUnlessEmpty(Binder& binder, Picture& control, PictureView& picture) {
     binder.bind(control, picture);
     binder.onChange(control, [&control, &picture] {
-        picture.setVisible(control.visible && picture.hasPicture());
+        setShown(picture, control.visible && picture.hasPicture());
     });
 }
 

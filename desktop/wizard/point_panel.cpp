@@ -188,8 +188,8 @@ PointPanel::PointPanel(Binder& binder, PointDisplay& point, const QString& empty
     either->addWidget(sentence, 1);
     binder.onChange(point_.pointLabel, [this, sentence] {
         const bool any = !point_.pointLabel.caption.get().empty();
-        shown_->setVisible(any);
-        sentence->setVisible(!any);
+        setShown(*shown_, any);
+        setShown(*sentence, !any);
     });
     setRoom(false, false);
 }
