@@ -24,11 +24,16 @@ target_compile_options(vorna_common INTERFACE
   -Wno-missing-field-initializers
   # g++ 12 warns of an overlap in its own std::string, falsely, once it inlines enough.
   -Wno-restrict
+  # Nor does clang know all of these.
+  $<$<CXX_COMPILER_ID:Clang>:-Wno-unknown-warning-option>
   $<$<BOOL:${VORNA_WERROR}>:-Werror>)
 if(VORNA_SANITIZE)
   target_compile_options(vorna_common INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(vorna_common INTERFACE -fsanitize=address,undefined)
+endif()
+if(VORNA_FUZZ)
+  target_compile_options(vorna_common INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # One folder of the house as a library: vorna_folder(<name> SOURCES <files> USES <targets>).

@@ -22,7 +22,7 @@ struct HeaderLine {
     ChartFace face;
     bool bold;
     double size;
-    double baseline; // at scale 1
+    double baseline; // at scale 1; lower where the letters need more room above it
 };
 
 // The largest size from the wanted one down to 10 in which the text fits, else cut at 10.
@@ -33,8 +33,9 @@ ChartTextLine fitHeaderLine(const HeaderLine& line, double width, ChartFonts& fo
     while (size > smallest && fonts.get(line.face, size, line.bold).width(line.text) > room)
         size -= 1;
     const ChartFont& font = fonts.get(line.face, size, line.bold);
-    return centredLine(elided(line.text, font, room), font, width / 2,
-                       line.baseline * fonts.scale());
+    const double baseline =
+        std::max(line.baseline * fonts.scale(), static_cast<double>(font.font().pixelSize()));
+    return centredLine(elided(line.text, font, room), font, width / 2, baseline);
 }
 
 // A run of boxes that touch, and where the first one's top would best be.
@@ -75,15 +76,18 @@ ChartHeader layOutHeader(const ChartModel& model, double width, ChartFonts& font
                                   .size = static_cast<double>(model.captionStyle.size.value_or(16)),
                                   .baseline = 24},
                                  width, fonts);
+    const double titleEnd = title.isEmpty() ? 4 : header.title.baseline.y() / fonts.scale();
     header.subtitle = fitHeaderLine({.text = subtitle,
                                      .face = ChartFace::text,
                                      .bold = false,
                                      .size = 13,
-                                     .baseline = title.isEmpty() ? 24.0 : 44.0},
+                                     .baseline = titleEnd + 20},
                                     width, fonts);
     header.subtitle.colour = mutedInk;
     const int lines = (title.isEmpty() ? 0 : 1) + (subtitle.isEmpty() ? 0 : 1);
-    header.bottom = (lines == 2 ? 50.0 : lines == 1 ? 31.0 : 4.0) * fonts.scale();
+    const ChartTextLine& last = subtitle.isEmpty() ? header.title : header.subtitle;
+    const double below = (lines == 2 ? 6 : 7) * fonts.scale();
+    header.bottom = lines == 0 ? 4 * fonts.scale() : last.baseline.y() + below;
     if (header.title.text != title || header.subtitle.text != subtitle)
         header.fullText = title + QLatin1String(lines == 2 ? "\n" : "") + subtitle;
     return header;

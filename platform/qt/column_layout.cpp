@@ -380,6 +380,8 @@ private:
             return;
         const auto number = static_cast<double>(model_.series.size());
         const double most = (size_.width() - 10 * s_) / number - 34 * s_;
+        if (most < 0)
+            return; // not even the swatches fit
         double size = 13;
         while (size > 11 && widestName(size) > most)
             size -= 1;

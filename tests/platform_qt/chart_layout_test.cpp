@@ -467,6 +467,31 @@ TEST(ChartLayoutTest, DocumentsWithoutSenseAndTinyDrawingsAreDrawn) {
             }
 }
 
+TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
+    struct SmallCase {
+        const char* rule;
+        std::string document;
+    };
+    std::string series = "<chart>";
+    for (int i = 0; i < 16; ++i)
+        series += "<dataset seriesName='s'>";
+    const SmallCase cases[]{
+        {"a title of the largest type",
+         "<chart caption='Č' subcaption='Žižka'><style name='s' size='48'/>"
+         "<apply toObject='Caption' styles='s'/>"},
+        {"more series than the legend has room for", series},
+    };
+    const QSizeF size(220, 160);
+    const QRectF picture(QPointF(0, 0), size);
+    for (const SmallCase& c : cases) {
+        const LaidOutChart columns(parseChartDocument(c.document, samples::columnsType), size);
+        checkTags(*columns.columns(), picture, c.rule);
+        checkTexts(*columns.columns(), picture, c.rule);
+        const LaidOutChart pie(parseChartDocument(c.document, samples::pieType), size);
+        checkPie(*pie.pie(), picture, c.rule);
+    }
+}
+
 TEST(ChartLayoutTest, NothingOverlapsInDamagedDocuments) {
     std::mt19937 random(20261012);
     const QSizeF size(745, 320);
