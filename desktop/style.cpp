@@ -198,6 +198,13 @@ ButtonRole roleOf(const QWidget* button) {
 
 VornaStyle::VornaStyle() : QProxyStyle("Fusion") {}
 
+QIcon VornaStyle::standardIcon(StandardPixmap standard, const QStyleOption* option,
+                               const QWidget* widget) const {
+    if (standard == SP_LineEditClearButton)
+        return icon("x");
+    return QProxyStyle::standardIcon(standard, option, widget);
+}
+
 void VornaStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                QPainter* painter, const QWidget* widget) const {
     switch (element) {

@@ -30,6 +30,8 @@ public:
     void polish(QApplication* application) override;
     void unpolish(QApplication* application) override;
 
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
+                       const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

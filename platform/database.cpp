@@ -153,7 +153,10 @@ bool Recordset::isNull(std::string_view column) const {
 }
 
 std::string Recordset::text(std::string_view column) const {
-    const int index = columnIndex(column);
+    return textAt(columnIndex(column));
+}
+
+std::string Recordset::textAt(int index) const {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(handle_, index));
     if (bytes == nullptr)
         throw Failure("a column holds no value");
@@ -163,8 +166,9 @@ std::string Recordset::text(std::string_view column) const {
 std::string Recordset::textOrEmpty(std::string_view column) const {
     std::string value;
     attempt([&] {
-        if (!isNull(column))
-            value = text(column);
+        const int index = columnIndex(column);
+        if (sqlite3_column_type(handle_, index) != SQLITE_NULL)
+            value = textAt(index);
     });
     return value;
 }

@@ -56,6 +56,7 @@ private:
     Recordset(DatabaseConnection& connection, std::string statement, sqlite3_stmt* handle);
 
     [[nodiscard]] int columnIndex(std::string_view column) const;
+    [[nodiscard]] std::string textAt(int index) const;
     void step();
 
     DatabaseConnection* connection_;

@@ -33,12 +33,11 @@ std::string withPlainBlanks(icu::UnicodeString text) {
     return utf8Of(text);
 }
 
-std::string bestPattern(const icu::Locale& locale, const char* skeleton) {
-    UErrorCode error = U_ZERO_ERROR;
-    const std::unique_ptr<icu::DateTimePatternGenerator> generator(
-        icu::DateTimePatternGenerator::createInstance(locale, error));
-    if (U_FAILURE(error))
+// Empty where the generator could not be made.
+std::string bestPattern(icu::DateTimePatternGenerator* generator, const char* skeleton) {
+    if (generator == nullptr)
         return {};
+    UErrorCode error = U_ZERO_ERROR;
     return withPlainBlanks(generator->getBestPattern(icu::UnicodeString(skeleton), error));
 }
 
@@ -75,12 +74,14 @@ Locale localeByName(std::string_view name) {
     const icu::DecimalFormatSymbols symbols(locale, error);
     icu::UnicodeString language;
     locale.getDisplayLanguage(icu::Locale::getEnglish(), language);
+    const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
+        icu::DateTimePatternGenerator::createInstance(locale, error));
     using Symbols = icu::DecimalFormatSymbols;
     return {.englishLanguageName = utf8Of(language),
             .decimalSeparator = utf8Of(symbols.getSymbol(Symbols::kDecimalSeparatorSymbol)),
             .groupSeparator = utf8Of(symbols.getSymbol(Symbols::kGroupingSeparatorSymbol)),
-            .datePattern = withoutBlanks(bestPattern(locale, "yMd")),
-            .timePattern = bestPattern(locale, "jms"),
+            .datePattern = withoutBlanks(bestPattern(patterns.get(), "yMd")),
+            .timePattern = bestPattern(patterns.get(), "jms"),
             .name = locale.getName()};
 }
 
