@@ -40,6 +40,15 @@ QPen penOf(const QXmlStreamAttributes& own, const QXmlStreamAttributes& group) {
     return pen;
 }
 
+Layer layerOf(const QString& group) {
+    static const std::map<QString, Layer> layers{{"skin", Layer::Skin},
+                                                 {"bones", Layer::Bones},
+                                                 {"nails", Layer::Nails},
+                                                 {"hair", Layer::Hair}};
+    const auto found = layers.find(group);
+    return found == layers.end() ? Layer::Form : found->second;
+}
+
 void readDrawing(const fs::path& file, AtlasView& view) {
     QXmlStreamReader xml(QByteArray::fromStdString(readSource(file)));
     QXmlStreamAttributes group;
@@ -58,7 +67,7 @@ void readDrawing(const fs::path& file, AtlasView& view) {
                 {.path = parseSvgPath(attributes.value("d").toString().toStdString()),
                  .pen = penOf(attributes, group),
                  .fill = colourOf(attribute(attributes, group, "fill")),
-                 .skin = group.value("id") == QStringLiteral("skin")});
+                 .layer = layerOf(group.value("id").toString())});
         }
     }
     if (xml.hasError())

@@ -17,12 +17,15 @@
 
 namespace vorna {
 
+// What a shape is of: the body's outline, its creases and features, or what lies below the skin.
+enum class Layer { Skin, Form, Bones, Nails, Hair };
+
 // One shape of a drawing.
 struct DrawnShape {
     QPainterPath path;
     QPen pen;
-    QColor fill;       // not valid: not filled
-    bool skin = false; // of the body's outline, not of what lies in it
+    QColor fill; // not valid: not filled
+    Layer layer = Layer::Form;
 };
 
 struct PlacedPoint {

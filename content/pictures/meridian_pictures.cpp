@@ -1,6 +1,6 @@
 #include "content/pictures/meridian_pictures.h"
 
-#include "content/pictures/label_places.h"
+#include "content/pictures/dot_labels.h"
 #include "content/pictures/marks.h"
 #include "content/pictures/palette.h"
 #include "content/pictures/panels.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr QSize figurePictureSize{1200, 1400};
 constexpr QSize partsPictureSize{1800, 1600};
-constexpr double headingHeight = 76;
+constexpr double headingHeight = 92; // with its distance from the top and from the views
 constexpr int margin = 16;
 
 QRectF roomIn(const QSize& size) {
@@ -53,7 +53,10 @@ public:
         painter_.setRenderHint(QPainter::Antialiasing);
     }
 
-    void drawBackground(const Stage& stage, double outline) { drawView(painter_, stage, outline); }
+    void drawBackground(const Stage& stage, double outline) {
+        drawView(painter_, stage, outline);
+        places_.avoid(stage);
+    }
 
     void drawCourse(const Stage& stage, const PathwayStyle& style) {
         const auto found = stage.view.pathways.find(subject_.meridian);
@@ -95,31 +98,19 @@ public:
     };
     template <class IsLabelled>
     void drawPoints(const PointStyle& style, IsLabelled&& isLabelled) {
+        std::vector<NamedDot> named;
         for (const Point& point : points_) {
-            drawDot(painter_, point.at, style.dot, palette::mark);
-            const double reach = style.dot * 1.4;
-            places_.keepFree({point.at.x() - reach, point.at.y() - reach, 2 * reach, 2 * reach});
+            const double radius = dotRadius(point, style.dot);
+            drawDot(painter_, point.at, radius, palette::mark);
+            places_.keepFree(point.at, radius * 1.4);
+            if (isLabelled(point.pointLong))
+                named.push_back(
+                    {point.at, radius * 1.5,
+                     (style.withCode ? QString::fromStdString(subject_.code) : QString()) +
+                         QString::number(numberOf(point.pointLong))});
         }
-        const QFont font = pictureFont(style.label, true);
-        for (const Point& point : points_) {
-            if (!isLabelled(point.pointLong))
-                continue;
-            const QString text =
-                (style.withCode ? QString::fromStdString(subject_.code) : QString()) +
-                QString::number(numberOf(point.pointLong));
-            const QPointF middle = places_.take({.at = point.at,
-                                                 .radius = style.dot * 1.5,
-                                                 .extent = bareExtent(text, font),
-                                                 .preferred = 0});
-            const QRectF box = bareExtent(text, font).translated(middle);
-            drawLeader(painter_, {.from = point.at,
-                                  .radius = style.dot * 1.5 + 6,
-                                  .to = box,
-                                  .width = 1.4,
-                                  .colour = palette::secondInk});
-            drawLabel(painter_,
-                      {.text = text, .font = font, .middle = middle, .colour = palette::ink});
-        }
+        drawDotLabels(painter_, places_, named,
+                      {.font = pictureFont(style.label, true), .colour = palette::ink});
     }
 
     void drawHeading() {
@@ -153,6 +144,15 @@ private:
         QPointF at;
         std::string pointLong;
     };
+
+    // The radius of a dot: less than usual where it would hide the next one, unless both are one.
+    [[nodiscard]] double dotRadius(const Point& point, double usual) const {
+        double radius = usual;
+        for (const Point& other : points_)
+            if (const double apart = QLineF(point.at, other.at).length(); apart > usual)
+                radius = std::min(radius, 0.4 * apart);
+        return radius;
+    }
 
     const MeridianSubject& subject_;
     QImage image_;

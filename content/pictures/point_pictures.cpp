@@ -1,6 +1,6 @@
 #include "content/pictures/point_pictures.h"
 
-#include "content/pictures/label_places.h"
+#include "content/pictures/dot_labels.h"
 #include "content/pictures/marks.h"
 #include "content/pictures/palette.h"
 
@@ -90,11 +90,7 @@ struct PointPainter::Canvas {
     LabelPlaces places;
     QRectF label;  // the box of the subject's label
     QRectF figure; // the small figure's box
-    struct Neighbour {
-        QPointF at;
-        QString label;
-    };
-    std::vector<Neighbour> neighbours;
+    std::vector<NamedDot> neighbours;
     QImage image;
     QPainter painter;
 };
@@ -123,7 +119,7 @@ void PointPainter::drawCourse(Canvas& canvas) const {
         return;
     const QPainterPath course = canvas.stage.transform().map(found->second);
     std::vector<QRectF> clear{around(canvas.mark, canvas.strength.mark * 2.2)};
-    for (const Canvas::Neighbour& neighbour : canvas.neighbours)
+    for (const NamedDot& neighbour : canvas.neighbours)
         clear.push_back(around(neighbour.at, neighbourRadius * 2.6));
     canvas.painter.save();
     canvas.painter.setClipRect(canvas.stage.target);
@@ -161,34 +157,27 @@ void PointPainter::findNeighbours(Canvas& canvas) const {
             pointLong == canvas.subject.pointLong || !room.contains(at) ||
             QLineF(at, canvas.mark).length() <= canvas.strength.mark + farEnough)
             continue;
-        canvas.neighbours.push_back({at, labelOf(pointLong)});
-        canvas.places.keepFree(around(at, neighbourRadius * 1.5));
+        canvas.neighbours.push_back({at, neighbourRadius * 1.5, labelOf(pointLong)});
+        canvas.places.keepFree(at, neighbourRadius * 1.5);
     }
 }
 
 void PointPainter::drawNeighbours(Canvas& canvas) const {
-    std::erase_if(canvas.neighbours, [&](const Canvas::Neighbour& neighbour) {
+    std::erase_if(canvas.neighbours, [&](const NamedDot& neighbour) {
         return canvas.figure.adjusted(-20, -20, 20, 20).contains(neighbour.at);
     });
-    for (const Canvas::Neighbour& neighbour : canvas.neighbours)
+    for (const NamedDot& neighbour : canvas.neighbours)
         drawDot(canvas.painter, neighbour.at, neighbourRadius, palette::accent);
-    const QFont font = pictureFont(28, false);
-    for (const Canvas::Neighbour& neighbour : canvas.neighbours) {
-        const QPointF middle = canvas.places.take({.at = neighbour.at,
-                                                   .radius = neighbourRadius * 1.5,
-                                                   .extent = bareExtent(neighbour.label, font),
-                                                   .preferred = 0});
-        drawLabel(canvas.painter, {.text = neighbour.label,
-                                   .font = font,
-                                   .middle = middle,
-                                   .colour = palette::secondInk});
-    }
+    drawDotLabels(canvas.painter, canvas.places, canvas.neighbours,
+                  {.font = pictureFont(28, false), .colour = palette::secondInk});
 }
 
-// The label's place is taken before the neighbours', which have to give way.
+// The label's place is taken before the neighbours', which have to give way. Unlike the small
+// figure, which has its corner by now, labels keep off the lines of the drawing.
 void PointPainter::placeLabel(Canvas& canvas) const {
     const double radius = canvas.strength.mark;
-    canvas.places.keepFree(around(canvas.mark, radius * 1.3));
+    canvas.places.avoid(canvas.stage);
+    canvas.places.keepFree(canvas.mark, radius * 1.3);
     const QFont font = pictureFont(canvas.strength.label, true);
     const bool leftHalf = canvas.mark.x() < picture().center().x();
     const QRectF extent = boxedExtent(labelOf(canvas.subject.pointLong), font);

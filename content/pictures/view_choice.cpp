@@ -14,7 +14,7 @@ namespace {
 double distanceFromOutline(const AtlasView& view, const QPointF& at) {
     double least = view.canvas.width();
     for (const DrawnShape& shape : view.drawing) {
-        if (!shape.skin)
+        if (shape.layer != Layer::Skin)
             continue;
         for (const QPolygonF& line : shape.path.toSubpathPolygons())
             for (const QPointF& corner : line)

@@ -10,6 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 namespace vorna {
 namespace {
@@ -76,6 +78,41 @@ TEST(Atlas, ShowsEveryPointInEveryUseAndEveryMeridianWhole) {
             return shippedAtlas().view(view).points.contains(point);
         })) << point;
     }
+}
+
+TEST(Atlas, ShowsBothEndsOfEveryMeridianOnItsFigures) {
+    const TableSource points = readTable(atlasFolder() / ".." / "tables" / "Points.tsv");
+    std::map<std::string, std::set<std::string>> ofMeridian;
+    for (const SourceRow& row : points.rows) {
+        const std::string point = points.text(row, "pointLong");
+        ofMeridian[point.substr(0, 2)].insert(point);
+    }
+    for (const auto& [meridian, views] :
+         readMeridianViews(shippedAtlas(), atlasFolder() / "meridian_views.tsv"))
+        for (const std::string& end :
+             {*ofMeridian.at(meridian).begin(), *ofMeridian.at(meridian).rbegin()})
+            EXPECT_TRUE(std::any_of(views.figures.begin(), views.figures.end(),
+                                    [&](const std::string& view) {
+                                        return shippedAtlas().view(view).points.contains(end);
+                                    }))
+                << end;
+}
+
+TEST(ViewChoice, KeepsTheFigureAlongALimb) {
+    const ViewChoice choice(shippedAtlas(), atlasFolder());
+    struct Limb {
+        const char* meridian;
+        int lastPoint;
+        const char* figure;
+    };
+    const Limb limbs[] = {
+        {"02", 14, "body_side"}, {"06", 15, "body_back"}, {"10", 15, "body_back"}};
+    for (const Limb& limb : limbs)
+        for (int number = 1; number <= limb.lastPoint; ++number) {
+            const std::string point =
+                limb.meridian + std::string(number < 10 ? "0" : "") + std::to_string(number);
+            EXPECT_EQ(choice.viewOf(point, ViewUse::Body).name, limb.figure) << point;
+        }
 }
 
 TEST(ViewChoice, PrefersWhatFacesTheReader) {
