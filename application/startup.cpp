@@ -74,11 +74,52 @@ void dropJournal(const fs::path& database) {
     fs::remove(journal += "-journal", error);
 }
 
+// Copies what the data root lacks of a file or folder of the installation and overwrites nothing.
+// False when something could not be copied.
+bool copyMissing(const fs::path& from, const fs::path& to) {
+    std::error_code error;
+    if (fs::is_directory(from, error)) {
+        fs::create_directory(to, error);
+        bool whole = true;
+        for (const std::string& name : listFiles(from, "*"))
+            whole = copyMissing(from / name, to / name) && whole;
+        return whole;
+    }
+    return !fs::is_regular_file(from, error) || !isMissing(to) ||
+           attempt([&] { copyFileOver(from, to); });
+}
+
+// A first run that was cut off, or found the disk full, goes on where it is possible: without that
+// the client table, say, would be missing for ever.
+void finishFirstRun(const Start& start) {
+    const fs::path& app = start.folders.appFolder;
+    const fs::path& root = start.session.dataRoot;
+    std::error_code error;
+    const fs::path mark = under(root, names::unfinishedFirstRun);
+    if (!fs::is_regular_file(mark, error))
+        return;
+    bool whole = true;
+    for (const std::string_view name : filesOfFirstRun)
+        if (const fs::path file = under(app, name); !fs::is_directory(file, error))
+            whole = copyMissing(file, under(root, name)) && whole;
+    for (const auto& [name, aside] : {std::pair{names::data, names::dataMovedAside},
+                                      std::pair{names::html, names::htmlMovedAside}}) {
+        const fs::path folder = under(app, name);
+        whole =
+            copyMissing(isMissing(folder) ? under(app, aside) : folder, under(root, name)) && whole;
+    }
+    if (whole)
+        fs::remove(mark, error);
+}
+
 void copyInstallation(const Start& start) {
     const Session& session = start.session;
     std::error_code error;
     if (fs::create_directories(session.dataRoot, error)) // clients' data is nobody else's
         fs::permissions(session.dataRoot, fs::perms::owner_all, error);
+    // An installation whose starter folders were moved aside has nothing to finish.
+    if (fs::is_directory(under(start.folders.appFolder, names::html), error))
+        attempt([&] { createEmptyFile(under(session.dataRoot, names::unfinishedFirstRun)); });
     settleDatabases(session);
     std::vector<std::string_view> endangered(filesOfFirstRun.begin(), filesOfFirstRun.end());
     if (fs::is_directory(under(start.folders.appFolder, names::data), error))
@@ -96,6 +137,8 @@ void copyInstallation(const Start& start) {
     if (safe || isMissing(under(session.dataRoot, names::data)))
         copyStarterFolder(start, names::data);
     copyStarterFolder(start, names::html);
+    if (!fs::is_directory(session.dataRoot, error)) // nothing was copied: the next start wants them
+        return;
     renameInApp(start, names::data, names::dataMovedAside);
     renameInApp(start, names::html, names::htmlMovedAside);
 }
@@ -111,9 +154,12 @@ bool findDataRoot(const Start& start) {
     std::error_code error;
     start.session.appFolder = start.folders.appFolder;
     start.session.dataRoot = under(start.folders.commonData, names::dataRoot);
+    finishFirstRun(start);
     const bool firstRun = lacksHtml(start.session.dataRoot);
-    if (firstRun)
+    if (firstRun) {
         copyInstallation(start);
+        finishFirstRun(start);
+    }
     fs::create_directories(under(start.session.dataRoot, names::log), error);
     start.session.clientsFolder = under(start.session.dataRoot, names::data);
     return firstRun;

@@ -5,9 +5,13 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace vorna {
 namespace {
+
+// Behind the name of a backup while it is made: a crash leaves one that counts as no backup.
+constexpr const char* unfinishedEnding = "~";
 
 // The backups of a kind, the oldest first, by the time when they were made: a name follows a clock
 // that may have been set back since.
@@ -51,12 +55,42 @@ bool isBackedUp(const fs::path& backup, const std::vector<fs::path>& entries) {
 fs::path newFolder(const fs::path& backups, std::string_view kind, LocalTime now) {
     const std::string stem = formatTime(now, "yyyyMMdd-HHmmss");
     fs::path folder = backups / (stem + "-" + std::string(kind));
-    for (int again = 2; !isMissing(folder); ++again)
+    for (int again = 2; !isMissing(folder) || !isMissing(folder.string() + unfinishedEnding);
+         ++again)
         folder = backups / (stem + "." + std::to_string(again) + "-" + std::string(kind));
-    std::error_code error;
-    if (!fs::create_directories(folder, error))
-        throw Failure("a backup's folder cannot be made");
     return folder;
+}
+
+// Makes a backup that gets its name when it is whole.
+void copyWhole(const std::vector<fs::path>& found, const fs::path& folder) {
+    std::error_code error;
+    const fs::path unfinished = folder.string() + unfinishedEnding;
+    if (!fs::create_directories(unfinished, error))
+        throw Failure("a backup's folder cannot be made");
+    const bool whole = attempt([&] {
+        for (const fs::path& path : found) {
+            if (fs::is_directory(path, error))
+                copyFolderInto(path, unfinished);
+            else
+                copyFileOver(path, unfinished / path.filename());
+        }
+        fs::rename(unfinished, folder, error);
+        if (error)
+            throw Failure("a backup cannot get its name");
+    });
+    if (whole)
+        return;
+    removeTree(unfinished);
+    throw Failure("a backup cannot be made whole");
+}
+
+// What crashes left; one that was touched a moment ago may be another program's.
+void dropUnfinished(const fs::path& dataRoot, std::string_view kind) {
+    std::error_code error;
+    const auto moment = fs::file_time_type::clock::now() - std::chrono::hours{1};
+    for (const fs::path& folder : backupsOf(dataRoot, std::string(kind) + unfinishedEnding))
+        if (fs::last_write_time(folder, error) < moment)
+            removeTree(folder);
 }
 
 } // namespace
@@ -73,22 +107,11 @@ std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_
     if (!older.empty() && isBackedUp(older.back(), found))
         return older.back();
     fs::path folder = newFolder(under(dataRoot, names::backup), kind, now);
-    std::error_code error;
-    const bool whole = attempt([&] {
-        for (const fs::path& path : found) {
-            if (fs::is_directory(path, error))
-                copyFolderInto(path, folder);
-            else
-                copyFileOver(path, folder / path.filename());
-        }
-    });
-    if (!whole) {
-        removeTree(folder);
-        throw Failure("a backup cannot be made whole");
-    }
-    // An old backup that cannot go stays.
+    copyWhole(found, folder);
+    std::error_code error; // an old backup that cannot go stays
     for (std::size_t i = 0; i + keptBackups <= older.size(); ++i)
         fs::remove_all(older[i], error);
+    dropUnfinished(dataRoot, kind);
     return folder;
 }
 

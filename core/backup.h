@@ -14,8 +14,9 @@ inline constexpr std::size_t keptBackups = 10;
 
 // Copies the files and folders of the data root that exist among `entries` into
 // backup/<date-time>-<kind>/, unless the newest backup of the kind holds just the same, and drops
-// the oldest beyond those that are kept; never the one just made. Failure when something cannot be
-// copied: then nothing must be overwritten. The folder that holds them now; empty when none exists.
+// the oldest beyond those that are kept; never the one just made. A backup gets its name when it is
+// whole. Failure when something cannot be copied: then nothing must be overwritten. The folder that
+// holds them now; empty when none exists.
 std::filesystem::path backUp(const std::filesystem::path& dataRoot, std::string_view kind,
                              const std::vector<std::string_view>& entries, LocalTime now);
 

@@ -26,6 +26,8 @@ inline constexpr std::string_view newk = "newk.ini";
 inline constexpr std::string_view data = "data";
 inline constexpr std::string_view html = "HTML";
 inline constexpr std::string_view log = "LOG";
+// There while a first run is not finished.
+inline constexpr std::string_view unfinishedFirstRun = "first-run.unfinished";
 
 // Among the clients' folders: what an import unpacks. Found without regard to case.
 inline constexpr std::string_view importFolder = "TEMPImport";
@@ -74,9 +76,10 @@ std::string recommendationOf(std::string_view yymmdd); // D250131.rtf
 inline constexpr std::string_view reportPage = "sestava.html";
 inline constexpr std::string_view picturePage = "sestavapicture.html";
 
-// In the data root's HTML folder: what reports leave until the next one.
-inline constexpr std::array<std::string_view, 3> reportLeavings{"sestava*.html", "graf*.bmp",
-                                                                "rtf*-*.*"};
+// In the data root's HTML folder: what reports leave until the next one, and what a crash left of a
+// page half written.
+inline constexpr std::array<std::string_view, 4> reportLeavings{"sestava*.html", "graf*.bmp",
+                                                                "rtf*-*.*", ".vorna-*~"};
 
 // In the data root's HTML folder: the picture of one chart of a report.
 std::string reportChartPicture(std::string_view reportChartKey);

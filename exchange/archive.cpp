@@ -65,7 +65,8 @@ struct Found {
 bool listFolder(const fs::path& folder, std::vector<Found>& found, std::error_code& error) {
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
         Found one{.name = pathText(at->path().filename()), .path = at->path()};
-        if (::lstat(one.path.c_str(), &one.state) == 0) // else it has gone meanwhile
+        if (!isTemporaryName(one.name) &&
+            ::lstat(one.path.c_str(), &one.state) == 0) // else it has gone meanwhile
             found.push_back(std::move(one));
     }
     std::sort(found.begin(), found.end(),

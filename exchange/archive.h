@@ -38,8 +38,8 @@ public:
     // Starts a new, empty archive for this path. Nothing is written yet.
     int newArchive(const std::filesystem::path& file);
     // Adds all files of the folder, and with `recursive` those of its sub-folders, named relative
-    // to it. Symbolic links and what is no file are left out. Fails when a folder cannot be read
-    // and for a name that could not be unpacked everywhere.
+    // to it. Symbolic links, what is no file and what a crash left half written are left out. Fails
+    // when a folder cannot be read and for a name that could not be unpacked everywhere.
     int addFolder(const std::filesystem::path& folder, bool recursive);
     // Of the archive, new or opened.
     [[nodiscard]] std::int64_t entryCount() const;
@@ -49,9 +49,9 @@ public:
 
     // Opens an existing file, of which nothing but the list of entries is read yet.
     int openArchive(const std::filesystem::path& file);
-    // Unpacks everything below the folder, which is made when it is missing and must be empty. The
-    // number of files; negative on failure, when nothing of them stays. What was unpacked is
-    // flushed to the disk.
+    // Unpacks everything below the folder, which must be empty and is made when it is missing, but
+    // not the one that it lies in, which may be gone for a while only. The number of files;
+    // negative on failure, when nothing of them stays. What was unpacked is flushed to the disk.
     std::int64_t extractAll(const std::filesystem::path& folder);
 
     // Describes the last failure to the user. It may name files.

@@ -316,7 +316,7 @@ private:
 
 std::int64_t unpackArchive(ArchiveState& state, const fs::path& folder) {
     std::error_code error;
-    fs::create_directories(folder, error);
+    fs::create_directory(folder, error);
     if (!fs::is_empty(folder, error) || error) {
         state.failOn(folder, "folder cannot be unpacked into", error ? error.value() : ENOTEMPTY);
         return -1;

@@ -33,6 +33,10 @@ fs::path run(ExchangeContext& context, const Export& form) {
     const fs::path chosen = dialogs.chooseFolder(t(session, "t9"));
     fs::path source;
     attempt([&] { source = form.source(); });
+    if (source == session.clientsFolder && isImportUnderWay(session)) {
+        dialogs.message(importUnderWayText(session));
+        return {};
+    }
     if (isForbiddenFileName(form.name)) { // it could lead to another folder
         dialogs.message("The name \"" + form.name + "\" cannot be a file's name.");
         return {};

@@ -71,7 +71,7 @@ std::vector<FileOnItsWay> filesOnTheirWay(const fs::path& source, const fs::path
     std::vector<FileOnItsWay> files;
     std::error_code error;
     for (const std::string& name : listFiles(source, "*.*")) {
-        if (!fs::is_regular_file(fs::symlink_status(source / name, error)))
+        if (isTemporaryName(name) || !fs::is_regular_file(fs::symlink_status(source / name, error)))
             continue;
         const bool isThere = std::binary_search(present.begin(), present.end(), name);
         const auto twin = isThere ? folded.end() : folded.find(foldCase(name));
@@ -89,8 +89,7 @@ void moveFile(const FileOnItsWay& file) {
 }
 
 void copyFile(const FileOnItsWay& file) {
-    const fs::path temporary =
-        file.to.parent_path() / (".vorna-" + std::to_string(::getpid()) + ".new~");
+    const fs::path temporary = file.to.parent_path() / temporaryName();
     std::error_code error;
     const bool whole = attempt([&] {
         const CopyDescriptor from(file.from, O_RDONLY | O_NONBLOCK);

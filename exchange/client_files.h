@@ -19,7 +19,8 @@ struct FileOnItsWay {
 };
 
 // The files of `source`, not of its sub-folders, in the order of their names. A file that `target`
-// holds under the same name, whatever its case, is the place. Links are left out.
+// holds under the same name, whatever its case, is the place. Links are left out, and what a crash
+// left half written.
 std::vector<FileOnItsWay> filesOnTheirWay(const std::filesystem::path& source,
                                           const std::filesystem::path& target);
 

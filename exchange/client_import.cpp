@@ -5,6 +5,7 @@
 #include "exchange/exchange_names.h"
 #include "platform/failure.h"
 #include "platform/files.h"
+#include "platform/folder_hold.h"
 #include "platform/text.h"
 
 #include <algorithm>
@@ -56,9 +57,33 @@ private:
 
 // ---- Archives
 
-// The folder that the archive of the user's choice was unpacked into; nothing when there was no
-// choice or no archive, which was told.
-std::optional<fs::path> unpackChosenArchive(ExchangeContext& context) {
+// What was unpacked, while this import works on it.
+struct UnpackedArchive {
+    fs::path folder;
+    std::optional<FolderHold> hold;
+
+    void remove(const Session& session) {
+        hold.reset();
+        removeImportFolder(session);
+    }
+};
+
+// Makes the folder, which must be nobody else's.
+std::optional<UnpackedArchive> takeImportFolder(const Session& session, Dialogs& dialogs) {
+    removeImportFolder(session);
+    UnpackedArchive unpacked{.folder = importFolder(session)};
+    std::error_code error; // shows when it is unpacked into
+    fs::create_directory(unpacked.folder, error);
+    unpacked.hold.emplace(unpacked.folder);
+    if (!unpacked.hold->refused())
+        return unpacked;
+    dialogs.message(importUnderWayText(session));
+    return std::nullopt;
+}
+
+// What the archive of the user's choice was unpacked to; nothing when there was no choice or no
+// archive, which was told.
+std::optional<UnpackedArchive> unpackChosenArchive(ExchangeContext& context) {
     const Session& session = context.clients.session;
     Dialogs& dialogs = context.clients.platform.dialogs;
     const fs::path file = dialogs.chooseFile({}, t(session, "t11") + " (*.zip)|*.zip");
@@ -66,11 +91,10 @@ std::optional<fs::path> unpackChosenArchive(ExchangeContext& context) {
         return std::nullopt;
     Archive archive(context.progress);
     if (archive.openArchive(file) == 1) {
-        removeImportFolder(session);
-        const fs::path folder = importFolder(session);
-        if (archive.extractAll(folder) >= 0)
-            return folder;
-        removeImportFolder(session);
+        std::optional<UnpackedArchive> unpacked = takeImportFolder(session, dialogs);
+        if (!unpacked || archive.extractAll(unpacked->folder) >= 0)
+            return unpacked;
+        unpacked->remove(session);
     }
     if (!archive.cancelled())
         dialogs.message(archive.lastErrorText());
@@ -173,34 +197,34 @@ std::optional<std::size_t> matchClient(const ListView& list, std::string_view pr
 }
 
 ImportedClients importClient(ExchangeContext& context) {
-    const std::optional<fs::path> folder = unpackChosenArchive(context);
-    if (!folder)
+    std::optional<UnpackedArchive> unpacked = unpackChosenArchive(context);
+    if (!unpacked)
         return {};
-    const ComingClient client = clientIn(*folder, true);
+    const ComingClient client = clientIn(unpacked->folder, true);
     if (!client.card.exists()) {
         context.clients.platform.dialogs.message("Toto není soubor individuálního exportu");
         return {};
     }
     ImportRun run(context);
     if (!goesOn(context, client, 0, 1) || mergeAfterQuestion(run, client, &Dialogs::confirmation))
-        removeImportFolder(context.clients.session);
+        unpacked->remove(context.clients.session);
     return run.results;
 }
 
 ImportedClients importGroup(ExchangeContext& context) {
-    const std::optional<fs::path> folder = unpackChosenArchive(context);
-    if (!folder)
+    std::optional<UnpackedArchive> unpacked = unpackChosenArchive(context);
+    if (!unpacked)
         return {};
-    if (listFiles(*folder, "*.*").empty()) {
+    if (listFiles(unpacked->folder, "*.*").empty()) {
         context.clients.platform.dialogs.message("Toto není soubor hromadného exportu");
         return {};
     }
     ImportRun run(context);
-    eachClient(context, *folder, true, [&](const ComingClient& client) {
+    eachClient(context, unpacked->folder, true, [&](const ComingClient& client) {
         if (client.card.exists())
             mergeAfterQuestion(run, client, &Dialogs::question);
     });
-    removeImportFolder(context.clients.session);
+    unpacked->remove(context.clients.session);
     return run.results;
 }
 

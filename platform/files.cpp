@@ -77,7 +77,7 @@ void copyEntry(const fs::directory_entry& entry, const fs::path& target) {
         copyFileOver(entry.path(), target);
         return;
     }
-    fs::create_directories(target, error);
+    fs::create_directory(target, error);
     if (!fs::is_directory(target, error))
         throw Failure("a folder to copy into cannot be made");
     fs::directory_iterator at(entry.path(), error);
@@ -122,6 +122,15 @@ bool isForbiddenFileName(std::string_view name) {
     });
 }
 
+// Of a length of its own: the file's name may be as long as a name can be. One thread writes.
+std::string temporaryName() {
+    return ".vorna-" + std::to_string(::getpid()) + ".new~";
+}
+
+bool isTemporaryName(std::string_view name) {
+    return name.starts_with(".vorna-") && name.ends_with('~');
+}
+
 bool isMissing(const fs::path& path) {
     std::error_code error;
     return fs::status(path, error).type() == fs::file_type::not_found;
@@ -155,9 +164,7 @@ void createEmptyFile(const fs::path& path) {
 void writeFileAtomically(const fs::path& given, std::string_view bytes) {
     std::error_code error;
     const fs::path path = fs::is_symlink(given, error) ? fs::weakly_canonical(given, error) : given;
-    // Of a length of its own: the file's name may be as long as a name can be. One thread writes.
-    const fs::path temporary =
-        path.parent_path() / (".vorna-" + std::to_string(::getpid()) + ".new~");
+    const fs::path temporary = path.parent_path() / temporaryName();
     {
         const OpenFile file(temporary, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC);
         if (!file.isOpen())

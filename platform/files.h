@@ -25,6 +25,11 @@ std::string pathText(const fs::path& path);
 // or that ends in a blank or dot, or is empty, or that names a device (nul, com1.txt).
 bool isForbiddenFileName(std::string_view name);
 
+// The name that a file has in its folder while it is written, and whether a name is such a one. A
+// crash may leave such a file behind: it is nobody's data.
+std::string temporaryName();
+bool isTemporaryName(std::string_view name);
+
 // True when it is certain that nothing stands under the path: a path that cannot be asked (a
 // network that is down) is not missing.
 bool isMissing(const fs::path& path);

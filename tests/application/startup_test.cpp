@@ -130,6 +130,34 @@ TEST_F(StartupTest, ADeletedReportFolderIsAFirstRunAgainAndAgain) {
     EXPECT_EQ(seams.dialogs.shown, Texts{}) << "the missing starter folders are passed over";
 }
 
+// A first run that is cut off, or that the disk has no room for, goes on at the next start, which
+// overwrites nothing; without a mark of it, what is missing stays so.
+TEST_F(StartupTest, AnUnfinishedFirstRunIsFinishedByTheNextStart) {
+    writeFileAtomically(folders.appFolder / names::data / "starter", "x");
+    start();
+    EXPECT_FALSE(fs::exists(dataRoot / names::unfinishedFirstRun));
+    writeFileAtomically(dataRoot / names::anamnesis, "mine");
+    for (const std::string_view name : {names::clients, names::newk})
+        fs::remove(dataRoot / name);
+    for (const std::string_view name : {names::data, names::html})
+        fs::remove_all(dataRoot / name);
+    fs::create_directories(dataRoot / names::html);
+    EXPECT_FALSE(start()->session.clientDb) << "not a first run's doing";
+    EXPECT_FALSE(fs::exists(dataRoot / names::html / "css"));
+
+    createEmptyFile(dataRoot / names::unfinishedFirstRun);
+    fs::remove_all(dataRoot / names::html); // where it was cut off does not matter
+    const auto run = start();
+    EXPECT_FALSE(run->firstRun);
+    EXPECT_TRUE(run->session.clientDb);
+    EXPECT_TRUE(fs::exists(dataRoot / names::newk));
+    EXPECT_TRUE(fs::exists(dataRoot / names::data / "starter")) << "from where it was moved to";
+    EXPECT_TRUE(fs::exists(dataRoot / names::html / "css" / "text.css"));
+    EXPECT_EQ(readWholeFile(dataRoot / names::anamnesis), "mine");
+    EXPECT_EQ(backups(), Texts{});
+    EXPECT_FALSE(fs::exists(dataRoot / names::unfinishedFirstRun));
+}
+
 // A read-only installation keeps its starter folders: the clients' folders are laid aside then.
 TEST_F(StartupTest, AStarterFolderThatStaysIsCopiedOverTheClients) {
     fs::create_directories(folders.appFolder / names::dataMovedAside);

@@ -317,6 +317,7 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
     fs::copy_file(desk.place.session.dataRoot / names::clients, backup / names::clients);
     desk.place.folder.write("VORNA/HTML/sestava.html", "Adam");
     desk.place.folder.write("VORNA/HTML/graf10.bmp", "");
+    desk.place.folder.write("VORNA/HTML/.vorna-4711.new~", "half a page");
     desk.place.folder.write("VORNA/HTML/css/text.css", "");
     desk.place.folder.write("VORNA/data/TempImport/a1/klient.dat", "Adam");
     searchClients(desk.context);
@@ -347,6 +348,7 @@ TEST(ClientDeletion, NothingOfTheClientStaysInBackupsAndReports) {
     EXPECT_EQ(readWholeFile(backup / names::clients).find("Cyril"), std::string::npos);
     EXPECT_FALSE(fs::exists(desk.place.session.dataRoot / "HTML/sestava.html"));
     EXPECT_FALSE(fs::exists(desk.place.session.dataRoot / "HTML/graf10.bmp"));
+    EXPECT_FALSE(fs::exists(desk.place.session.dataRoot / "HTML/.vorna-4711.new~"));
     EXPECT_TRUE(fs::exists(desk.place.session.dataRoot / "HTML/css/text.css"));
 }
 

@@ -80,6 +80,23 @@ TEST(Backup, OfOneSecondOrOfAClockSetBackStaysWhenItIsTheNewest) {
     }
 }
 
+TEST(Backup, ThatACrashCutOffCountsAsNoneAndGoesInTime) {
+    const ScratchFolder root;
+    root.write("setup.ini", "settings");
+    root.write("backup/20250131-120000-import~/setup.ini", "setti");
+    root.write("backup/20250130-120000-import~/setup.ini", "setti");
+    fs::last_write_time(root / "backup/20250130-120000-import~",
+                        fs::file_time_type::clock::now() - 2h);
+    EXPECT_EQ(allBackups(root.path()).size(), 2U) << "who is deleted goes there, too";
+    const fs::path made = backUp(root.path(), "import", {"setup.ini"}, noon);
+    EXPECT_EQ(made.filename(), "20250131-120000.2-import");
+    EXPECT_EQ(readWholeFile(made / "setup.ini"), "settings");
+    EXPECT_EQ(listFiles(root / "backup", "*"),
+              (std::vector<std::string>{"20250131-120000-import~", "20250131-120000.2-import"}))
+        << "the other may be another program's, at work now";
+    EXPECT_EQ(backUp(root.path(), "import", {"setup.ini"}, noon), made);
+}
+
 TEST(Backup, ThatCannotBeWrittenIsAFailure) {
     const ScratchFolder root;
     root.write("setup.ini", std::string(100000, 'x'));

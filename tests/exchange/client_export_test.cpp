@@ -27,6 +27,21 @@ Tree contentOf(const ExchangeDesk& desk, const std::string& archive) {
     return tree;
 }
 
+TEST(ClientExport, WhatACrashLeftHalfWrittenIsLeftOut) {
+    ExchangeDesk desk;
+    desk.addClient("Adam", "a1", {".vorna-4711.new~", ".own~", "x.daf"});
+    desk.select(0);
+    desk.seams.dialogs.paths = {desk.place.folder / "out", desk.place.folder / "out"};
+    exportClient(desk.exchange);
+    exportGroup(desk.exchange);
+    for (const auto& [archive, prefix] :
+         {std::pair{"out/Adam_Jan.zip", ""}, {"out/VornaExport.zip", "a1/"}}) {
+        const Tree content = contentOf(desk, archive);
+        EXPECT_FALSE(content.contains(prefix + std::string(".vorna-4711.new~"))) << archive;
+        EXPECT_TRUE(content.contains(prefix + std::string(".own~"))) << archive;
+    }
+}
+
 TEST(ClientExport, TheFolderOfTheSelectedClientGoesIntoAnArchiveOfItsName) {
     ExchangeDesk desk;
     desk.addClient("Novák", "a1");
