@@ -95,9 +95,6 @@ QImage tcmEmblem() {
     return drawn({signSize, signSize}, [](QPainter& painter) {
         const QPointF middle(signSize / 2, signSize / 2);
         const double radius = signSize / 2 - 6;
-        const auto around = [](const QPointF& at, double reach) {
-            return QRectF(at.x() - reach, at.y() - reach, 2 * reach, 2 * reach);
-        };
         const QPointF upper = middle - QPointF(0, radius / 2);
         const QPointF lower = middle + QPointF(0, radius / 2);
         QPainterPath dark; // down the left rim, up through the middle

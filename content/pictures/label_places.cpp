@@ -1,5 +1,7 @@
 #include "content/pictures/label_places.h"
 
+#include "content/pictures/marks.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -55,10 +57,6 @@ double reach(const QRectF& box, double degrees) {
 double turn(double a, double b) {
     const double between = std::abs(std::fmod(a - b + 540, 360) - 180);
     return between / 180;
-}
-
-QRectF around(const QPointF& at, double radius) {
-    return {at.x() - radius, at.y() - radius, 2 * radius, 2 * radius};
 }
 
 // The shortest line from a place to a box.

@@ -48,6 +48,10 @@ std::vector<QPainterPath> pieces(const QPainterPath& path) {
 
 } // namespace
 
+QRectF around(const QPointF& middle, double radius) {
+    return {middle.x() - radius, middle.y() - radius, 2 * radius, 2 * radius};
+}
+
 QFont pictureFont(double pixels, bool bold) {
     QFont font(QStringLiteral("Noto Sans"));
     font.setStyleHint(QFont::SansSerif);

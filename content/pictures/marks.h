@@ -10,6 +10,9 @@
 
 namespace vorna {
 
+// The square that touches a circle from outside.
+QRectF around(const QPointF& middle, double radius);
+
 // The font of all pictures, of the given height.
 QFont pictureFont(double pixels, bool bold);
 

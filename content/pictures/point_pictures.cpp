@@ -36,10 +36,6 @@ QRectF picture() {
     return {QPointF(0, 0), QSizeF(pointPictureSize)};
 }
 
-QRectF around(const QPointF& at, double radius) {
-    return {at.x() - radius, at.y() - radius, 2 * radius, 2 * radius};
-}
-
 // The corner for the small figure: where it covers least, rather below than above, rather on the
 // side away from the mark.
 QRectF figureRoom(const QPointF& mark, const LabelPlaces& places) {

@@ -196,7 +196,10 @@ private:
                   [](const auto& a, const auto& b) { return a.wanted < b.wanted; });
         std::stable_sort(out_.means.begin(), out_.means.end(),
                          [](const auto& a, const auto& b) { return a.y < b.y; });
-        const auto middles = spreadApart(wishes, 2, 0, size_.height());
+        const bool anyAbove = std::any_of(out_.means.begin(), out_.means.end(),
+                                          [](const MeanLine& mean) { return mean.above; });
+        const double arrow = anyAbove ? 8 * s_ : 0; // on top of a tag
+        const auto middles = spreadApart(wishes, 2, arrow, size_.height());
         for (std::size_t i = 0; i < out_.means.size(); ++i)
             placeMeanTag(out_.means[i], std::round(middles[i]), font);
     }

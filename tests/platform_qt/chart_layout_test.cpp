@@ -480,6 +480,8 @@ TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
          "<chart caption='Č' subcaption='Žižka'><style name='s' size='48'/>"
          "<apply toObject='Caption' styles='s'/>"},
         {"more series than the legend has room for", series},
+        {"a mean above the axis without a title",
+         "<chart><dataset><set value='5'/></dataset><line startValue='300' displayValue='300'/>"},
     };
     const QSizeF size(220, 160);
     const QRectF picture(QPointF(0, 0), size);
@@ -487,6 +489,8 @@ TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
         const LaidOutChart columns(parseChartDocument(c.document, samples::columnsType), size);
         checkTags(*columns.columns(), picture, c.rule);
         checkTexts(*columns.columns(), picture, c.rule);
+        for (const MeanLine& mean : columns.columns()->means)
+            EXPECT_GE(mean.tag.rect.top(), mean.above ? 8 : 0) << c.rule; // its arrow
         const LaidOutChart pie(parseChartDocument(c.document, samples::pieType), size);
         checkPie(*pie.pie(), picture, c.rule);
     }
