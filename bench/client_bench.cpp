@@ -2,6 +2,7 @@
 // that a window shows of it, and the memory of it all. Prints one line for each figure.
 //
 //     client_bench 10000 20      clients, measurements of each
+#include "bench/memory.h"
 #include "bench/registry.h"
 #include "clients/client_operations.h"
 #include "core/file_names.h"
@@ -12,23 +13,14 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
 #include <random>
-#include <unistd.h>
 
 namespace {
 
 using namespace vorna;
 
 constexpr std::size_t shownRows = 40;
-
-double residentMegabytes() {
-    std::ifstream file("/proc/self/statm");
-    long pages = 0;
-    file >> pages >> pages;
-    return static_cast<double>(pages) * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 // The time that a text in the filter takes until the rows of a window's height are known.
 double typeMilliseconds(ToolProcess& process, const std::string& text) {
