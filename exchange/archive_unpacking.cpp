@@ -88,19 +88,21 @@ int refuse(ArchiveState& state, std::string_view name, std::string_view complain
                       std::string(complaint) + ".");
 }
 
-// Two names may not be one file, to a file system that does not tell case either. For a large
-// archive the sums of the names take less room than the names.
+// Two names may not be one file, to a file system that does not tell case either; a folder may
+// stand there again. For a large archive the sums of the names take less room than the names.
 struct NameSum {
     std::size_t sum;
     zip_uint64_t index;
+    bool isFolder;
 };
 
 int refuseTwins(ArchiveState& state, std::vector<NameSum>& sums, const NameDecoder& decoder) {
     std::sort(sums.begin(), sums.end(),
               [](const NameSum& a, const NameSum& b) { return a.sum < b.sum; });
     const auto twin =
-        std::adjacent_find(sums.begin(), sums.end(),
-                           [](const NameSum& a, const NameSum& b) { return a.sum == b.sum; });
+        std::adjacent_find(sums.begin(), sums.end(), [](const NameSum& a, const NameSum& b) {
+            return a.sum == b.sum && !(a.isFolder && b.isFolder);
+        });
     return twin == sums.end()
                ? 1
                : refuse(state, decoder.decoded(rawName(state, twin->index)), "stands there twice");
@@ -139,7 +141,7 @@ int checkEntries(ArchiveState& state, const fs::path& folder, NameDecoder& decod
         if (!complaint.empty())
             return refuse(state, name, complaint);
         if (!path.path.empty())
-            sums.push_back({std::hash<std::string>{}(foldCase(path.path)), i});
+            sums.push_back({std::hash<std::string>{}(foldCase(path.path)), i, path.isFolder});
     }
     return refuseTwins(state, sums, decoder) == 0 ? 0 : checkRoom(state, folder, claims.diskBytes);
 }

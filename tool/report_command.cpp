@@ -1,5 +1,6 @@
 #include "core/file_names.h"
 #include "exchange/rtf_to_html.h"
+#include "platform/encoding.h"
 #include "platform/failure.h"
 #include "platform/files.h"
 #include "tool/command.h"
@@ -51,19 +52,31 @@ void addToPrintList(LibraryTab& library, const std::string& point) {
     library.pointGrid.buttonClicked(printListColumn);
 }
 
+// An address as the page means it: the characters that its code page lacks stand there as numbers.
+QString withoutReferences(QString address) {
+    static const QRegularExpression reference("&#(\\d+);");
+    for (auto at = reference.match(address); at.hasMatch(); at = reference.match(address)) {
+        const char32_t character = at.captured(1).toUInt();
+        address.replace(at.capturedStart(), at.capturedLength(), QString::fromUcs4(&character, 1));
+    }
+    return address;
+}
+
 // The path of a picture's address: one with a scheme, or a name beside the page.
-std::string picturePath(const std::string& address, const fs::path& folder) {
-    const QUrl url(QString::fromStdString(address));
-    return url.isLocalFile() ? url.toLocalFile().toStdString() : pathText(folder / address);
+std::string picturePath(const QString& address, const fs::path& folder) {
+    const QUrl url(address);
+    return url.isLocalFile() ? url.toLocalFile().toStdString()
+                             : pathText(folder / address.toStdString());
 }
 
 // The paths of the pictures that a page shows, in its order.
 ordered_json picturesOf(const std::string& page, const fs::path& folder) {
     static const QRegularExpression picture("<img\\s[^>]*?\\bsrc=\"([^\"]*)\"");
     auto pictures = ordered_json::array();
-    auto found = picture.globalMatch(QString::fromStdString(page));
+    auto found = picture.globalMatch(QString::fromStdString(decode(page, CodePage::Windows1250)));
     while (found.hasNext())
-        pictures.push_back(jsonText(picturePath(found.next().captured(1).toStdString(), folder)));
+        pictures.push_back(
+            jsonText(picturePath(withoutReferences(found.next().captured(1)), folder)));
     return pictures;
 }
 

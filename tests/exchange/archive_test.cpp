@@ -350,6 +350,14 @@ TEST(ArchiveReading, HostileArchivesAreRefusedAndLeaveNothing) {
     EXPECT_EQ(unpack(with({.name = "a/", .system = 3, .attributes = unixFolder})).files, 1);
 }
 
+TEST(ArchiveReading, AFolderMayStandThereAgain) {
+    const Unpacked result =
+        unpack(zipOf({{.name = "a/"}, {.name = "a/b", .content = "x"}, {.name = "A/"}}));
+    EXPECT_EQ(result.files, 1) << result.error;
+    EXPECT_EQ(result.tree.count("a/b"), 1U);
+    EXPECT_LT(unpack(zipOf({{.name = "a/"}, {.name = "a", .content = "x"}})).files, 0);
+}
+
 TEST(ArchiveReading, LimitsHoldToTheByte) {
     struct Case {
         const char* rule;

@@ -215,5 +215,17 @@ TEST_F(ExchangeCommandsTest, WhatCannotRunSaysWhyAndWhatTheUserIsToldIsAnAnswer)
     EXPECT_TRUE(empty.at("messages").empty());
 }
 
+TEST_F(ExchangeCommandsTest, AReportNamesItsPicturesWhereverTheyLie) {
+    const fs::path moved = folder / "žluť 世" / "installation";
+    fs::create_directories(moved.parent_path());
+    fs::rename(app, moved);
+    app = moved;
+    const Json told = answer({"report", "--client", addClient(), "--point", "0101"});
+    const Json& pictures = told.at("pictures");
+    ASSERT_FALSE(pictures.empty()) << told;
+    for (const Json& picture : pictures)
+        EXPECT_TRUE(fs::is_regular_file(picture.get<std::string>())) << picture;
+}
+
 } // namespace
 } // namespace vorna
