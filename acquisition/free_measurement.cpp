@@ -17,7 +17,9 @@ constexpr std::int32_t percentBarMaximum = 3000;
 FreeMeasurementTab::FreeMeasurementTab(Window& window)
     : frame(window, "mereniFrame"), action(window, "Command9"), value(window, "Label6"),
       percent(window, "Label7"), bar(window, "ProgressBar1", barMinimum, percentBarMaximum),
-      armLog(window, "Label8"), logHint(window, "Label17") {}
+      armLog(window, "Label8"), logHint(window, "Label17") {
+    frame.visible = false;
+}
 
 FreeMeasurement::FreeMeasurement(FreeMeasurementTab& tab, Session& session, Platform& platform,
                                  DeviceLink& link)

@@ -117,6 +117,20 @@ void bindLibraryTab(MainWindow& window, EvaluationContext& evaluation) {
     tab.printList.deletePressed = [context] { removeFromPrintList(*context); };
 }
 
+// The deletion of all clients shows how far it is, and cannot be cancelled.
+DeletionRun deletionRun(MainWindow& window, const Clients& clients) {
+    return [&window, clients](const std::function<void(const DeletionSteps&)>& deletion) {
+        applyLanguage(clients->session, window.work);
+        window.work.cancelButton.visible = false;
+        window.work.follow(clients->platform.loop, window.deleteAllData.caption, [&] {
+            deletion([&window](std::size_t done, std::size_t total) {
+                window.work.goesOn({.done = done, .total = total, .name = {}});
+            });
+        });
+        window.work.cancelButton.visible = true;
+    };
+}
+
 void bindSettings(MainWindow& window, const Clients& clients, const EndProcess& endProcess) {
     window.settingsList.clicked = [&window, clients] {
         openSettingsRow(window, clients->session, window.settingsList.selected, window.showHelp);
@@ -137,8 +151,8 @@ void bindSettings(MainWindow& window, const Clients& clients, const EndProcess& 
     };
     window.anamnesisTemplate.clicked = openTemplate(names::anamnesis);
     window.recommendationTemplate.clicked = openTemplate(names::recommendation);
-    window.deleteAllData.clicked = [clients, endProcess] {
-        if (deleteAllClients(*clients))
+    window.deleteAllData.clicked = [&window, clients, endProcess] {
+        if (!window.work.running() && deleteAllClients(*clients, deletionRun(window, clients)))
             endProcess();
     };
 }

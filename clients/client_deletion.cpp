@@ -70,7 +70,30 @@ void deleteClient(ClientContext& context) {
     context.platform.dialogs.notice(t(session, "t20"));
 }
 
-bool deleteAllClients(ClientContext& context) {
+namespace {
+
+void deleteAllData(Session& session, const DeletionSteps& steps) {
+    const fs::path backups = under(session.dataRoot, names::backup);
+    const auto clients = listFiles(session.clientsFolder, "*.*");
+    const auto kept = listFiles(backups, "*.*");
+    const std::size_t total = clients.size() + kept.size();
+    std::size_t done = 0;
+    for (const std::string& name : clients) {
+        removeTree(session.clientsFolder / name);
+        steps(++done, total);
+    }
+    attempt([&] { clientDatabase(session).execute("delete from klienti where id <> 0"); });
+    for (const std::string& name : kept) {
+        removeTree(backups / name);
+        steps(++done, total);
+    }
+    removeTree(backups);
+    forgetReports(session);
+}
+
+} // namespace
+
+bool deleteAllClients(ClientContext& context, const DeletionRun& run) {
     constexpr const char* title = "POZOR";
     Session& session = context.session;
     Dialogs& dialogs = context.platform.dialogs;
@@ -80,11 +103,11 @@ bool deleteAllClients(ClientContext& context) {
                           "dokončit?",
                           title))
         return false;
-    for (const std::string& name : listFiles(session.clientsFolder, "*.*"))
-        removeTree(session.clientsFolder / name);
-    attempt([&] { clientDatabase(session).execute("delete from klienti where id <> 0"); });
-    removeTree(under(session.dataRoot, names::backup));
-    forgetReports(session);
+    const auto work = [&session](const DeletionSteps& steps) { deleteAllData(session, steps); };
+    if (run)
+        run(work);
+    else
+        work([](std::size_t, std::size_t) {});
     context.clients.list.clear();
     dialogs.message("Všechna data vymazána, nyní bude program ukončen. Pro pokračování je nutné ho "
                     "znovu spustit.");

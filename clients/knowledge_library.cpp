@@ -38,7 +38,8 @@ PointRecord pointRecord(const Recordset& row, std::string elementname) {
             .point = row.textOrEmpty("point"),
             .elementname = std::move(elementname),
             .pointLong = row.textOrEmpty("pointLong"),
-            .descr = row.textOrEmpty("descr")};
+            .descr = row.textOrEmpty("descr"),
+            .povel = row.textOrEmpty("Povel")};
 }
 
 std::vector<PointRecord> readAllPoints(Session& session) {
@@ -51,8 +52,9 @@ std::vector<PointRecord> readAllPoints(Session& session) {
 
 std::vector<PointRecord> readPointsOf(Session& session, const std::string& meridian) {
     Recordset rows = referenceDatabase(session).query(
-        "select Points.Meridian, Points.point, Elements.elementname, Points.pointLong, Points.descr"
-        " from Points inner join Elements on Points.Povel = Elements.id"
+        "select Points.Meridian, Points.point, Elements.elementname, Points.pointLong, "
+        "Points.descr,"
+        " Points.Povel from Points inner join Elements on Points.Povel = Elements.id"
         " where Points.Meridian = ? order by Points.point",
         {meridian});
     std::vector<PointRecord> points;

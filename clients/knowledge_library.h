@@ -29,6 +29,7 @@ struct PointRecord {
     std::string elementname; // empty before a meridian was chosen
     std::string pointLong;
     std::string descr;
+    std::string povel; // the number of its element, "0" for none
 };
 
 // The columns of the point grid that have buttons.

@@ -2,11 +2,13 @@
 
 #include "desktop/chart_view.h"
 #include "desktop/list_table.h"
+#include "desktop/masked_edit.h"
 #include "desktop/picture_view.h"
 #include "desktop/text_view.h"
 #include "desktop/theme.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
@@ -33,6 +35,34 @@ void showText(QLineEdit& widget, const QString& text) {
     const QSignalBlocker quiet(widget);
     widget.setText(text);
     widget.setCursorPosition(0);
+}
+
+struct AltCaption {
+    QString text;
+    QChar key; // null where none is free
+};
+
+// The Alt key of a button: the first letter of a word that is not taken, else any other letter of
+// the caption.
+AltCaption withAltKey(const QString& caption, const QSet<QChar>& taken) {
+    QString escaped = caption;
+    escaped.replace('&', "&&");
+    for (const bool wordsOnly : {true, false})
+        for (int i = 0; i < escaped.size(); ++i) {
+            const bool wordBegins = i == 0 || !escaped[i - 1].isLetterOrNumber();
+            const QChar letter = escaped[i].toUpper();
+            if (letter.isLetter() && (!wordsOnly || wordBegins) && !taken.contains(letter))
+                return {escaped.insert(i, '&'), letter};
+        }
+    return {escaped, {}};
+}
+
+// A list that is closed must not change under a wheel that scrolls the page.
+bool isWheelOnClosedList(QObject* watched, const QEvent& event) {
+    if (event.type() != QEvent::Wheel)
+        return false;
+    const auto* const list = qobject_cast<QComboBox*>(watched);
+    return list != nullptr && !list->view()->isVisible();
 }
 
 } // namespace
@@ -102,6 +132,10 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     Control* const control = controlOf(watched);
     if (control == nullptr)
         return QObject::eventFilter(watched, event);
+    if (isWheelOnClosedList(watched, *event)) {
+        event->ignore();
+        return true;
+    }
     if (event->type() == QEvent::FocusIn && passive_.count(control) == 0)
         window_.activeControl = control;
     if (event->type() == QEvent::FocusOut)
@@ -128,38 +162,27 @@ void Binder::bind(Label& control, QLabel& widget) {
     onChange(control, [&control, &widget] { widget.setText(qt(control.caption)); });
 }
 
-// The Alt key of a button: the first letter of a word that no other button of the page has, else
-// any other letter of it.
-QString Binder::withMnemonic(const QString& caption) {
-    QString escaped = caption;
-    escaped.replace('&', "&&");
-    for (const bool wordsOnly : {true, false})
-        for (int i = 0; i < escaped.size(); ++i) {
-            const bool wordBegins = i == 0 || !escaped[i - 1].isLetterOrNumber();
-            const QChar letter = escaped[i].toUpper();
-            if (!letter.isLetter() || (wordsOnly && !wordBegins) || mnemonics_.contains(letter))
-                continue;
-            mnemonics_.insert(letter);
-            return escaped.insert(i, '&');
-        }
-    return escaped;
-}
-
 void Binder::bindButton(CaptionedControl& control, QAbstractButton& widget) {
     bind(static_cast<Control&>(control), widget);
-    onChange(control, [this, &control, &widget, shown = QString()]() mutable {
-        const QString caption = qt(control.caption);
-        if (caption == shown)
-            return;
-        shown = caption;
-        if (widget.text().isEmpty() && !widget.icon().isNull() &&
-            widget.property("iconAlone").toBool()) {
-            widget.setToolTip(caption);
-        } else {
-            widget.setText(withMnemonic(caption));
-        }
-        widget.setAccessibleName(caption);
-    });
+    onChange(control,
+             [&control, &widget, page = page_, shown = QString(), key = QChar()]() mutable {
+                 const QString caption = qt(control.caption);
+                 if (caption == shown)
+                     return;
+                 shown = caption;
+                 widget.setAccessibleName(caption);
+                 if (widget.text().isEmpty() && !widget.icon().isNull() &&
+                     widget.property("iconAlone").toBool()) {
+                     widget.setToolTip(caption);
+                     return;
+                 }
+                 page->remove(key);
+                 const AltCaption alt = withAltKey(caption, *page);
+                 key = alt.key;
+                 if (!key.isNull())
+                     page->insert(key);
+                 widget.setText(alt.text);
+             });
 }
 
 void Binder::bind(Button& control, QAbstractButton& widget) {
@@ -216,14 +239,11 @@ void Binder::bind(TextBox& control, TextView& widget) {
 void Binder::bind(MaskedBox& control, QLineEdit& widget) {
     bind(static_cast<Control&>(control), widget);
     onChange(control, [&control, &widget] { showText(widget, qt(control.text)); });
-    // The box takes what was typed as its mask has room for it, and the places go on with it.
     connect(&widget, &QLineEdit::textEdited, this, [&control, &widget](const QString& text) {
-        const bool atEnd = widget.cursorPosition() == text.size();
-        const int place = widget.cursorPosition();
-        control.type(text.toStdString());
+        const MaskedEdit edit = maskedEdit(qt(control.text), text, widget.cursorPosition());
+        control.type(edit.text.toStdString());
         showText(widget, qt(control.text));
-        const int next = static_cast<int>(widget.text().indexOf('_', atEnd ? 0 : place));
-        widget.setCursorPosition(atEnd && next >= 0 ? next : place);
+        widget.setCursorPosition(edit.cursor);
     });
 }
 

@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -62,7 +63,7 @@ public:
     std::function<void()> windowChanged;
 
     // Buttons bound from here on share no Alt key among each other; those of another page may.
-    void beginPage() { mnemonics_.clear(); }
+    void beginPage() { page_ = std::make_shared<AltKeys>(); }
 
     // Shows at once what has changed.
     void showChanges();
@@ -76,8 +77,8 @@ protected:
 
 private:
     void note(Control* control);
+    using AltKeys = QSet<QChar>; // of the buttons of a page
     void bindButton(CaptionedControl& control, QAbstractButton& widget);
-    QString withMnemonic(const QString& caption);
 
     Window& window_;
     std::unordered_map<const Control*, std::vector<std::function<void()>>> shows_;
@@ -87,7 +88,7 @@ private:
     std::unordered_map<const QObject*, Control*> controls_;
     std::unordered_map<const Control*, QWidget*> widgets_;
     std::unordered_set<const Control*> passive_;
-    QSet<QChar> mnemonics_;
+    std::shared_ptr<AltKeys> page_ = std::make_shared<AltKeys>();
 };
 
 inline QString qt(const std::string& text) {

@@ -47,6 +47,11 @@ void ChoiceButton::paintEvent(QPaintEvent*) {
     painter.setPen(on || hasFocus() ? QPen(t.accent, 2) : QPen(t.edge, 1));
     painter.setBrush(on ? t.soft : underMouse() ? t.raised : t.surface);
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), choiceRadius, choiceRadius);
+    if (on && hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(4, 4, -4, -4), choiceRadius - 2,
+                                choiceRadius - 2);
+    }
     const QColor ink = on ? t.softInk : t.ink;
     const bool above = form_ == Form::Above;
     painter.setFont(sizedFont(above ? 13.5 : 17, on));

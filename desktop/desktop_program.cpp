@@ -1,5 +1,6 @@
 #include "desktop/desktop_program.h"
 
+#include "desktop/qt_texts.h"
 #include "desktop/theme.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -70,7 +71,10 @@ void DesktopProgram::start() {
     std::error_code error; // without the folder the steps of start-up fail, each on its own
     std::filesystem::create_directories(folders_.commonData, error);
     const bool firstRun = startUp(folders_, session_, window_, platform_);
+    textsOfQt_ = textsOfQt(session_.language);
     view_ = std::make_unique<MainView>(session_, window_);
+    windows_.behind = view_.get();
+    windows_.helpWanted = [this] { showHelp(helpFile(session_)); };
     if (firstRun)
         view_->takeFirstPlace();
     window_.showHelp = [this](const std::filesystem::path& file) { showHelp(file); };
@@ -115,7 +119,6 @@ void DesktopProgram::end(int exitCode) {
 int runDesktop(int count, char** arguments) {
     Application application(count, arguments);
     QCoreApplication::setApplicationName("vorna");
-    QGuiApplication::setApplicationDisplayName("VORNA");
     QGuiApplication::setDesktopFileName("vorna");
     QCommandLineParser options;
     options.setApplicationDescription("Measures and evaluates meridians.");
@@ -130,7 +133,7 @@ int runDesktop(int count, char** arguments) {
                                    : std::move(otherwise);
     };
     DesktopProgram program({folder("app", executableFolder()), folder("data", commonDataFolder())});
-    application.ended = [] { QCoreApplication::exit(1); };
+    application.ended = [&program] { program.end(1); };
     program.start();
     program.show();
     const int exitCode = program.run();

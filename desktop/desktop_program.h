@@ -17,6 +17,8 @@
 #include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_serial_line.h"
 
+#include <QTranslator>
+
 #include <memory>
 
 namespace vorna {
@@ -39,8 +41,10 @@ public:
     [[nodiscard]] DesktopWindows& windows() { return windows_; }
     [[nodiscard]] EvaluationContext& context() { return context_; }
 
-private:
+    // Ends every wait and `run`, from whichever window.
     void end(int exitCode);
+
+private:
     void showHelp(const std::filesystem::path& file);
 
     StartupFolders folders_;
@@ -60,6 +64,7 @@ private:
     QtSerialLine line_;
     FtdiDeviceSearch search_;
     std::unique_ptr<Measuring> measuring_;
+    std::unique_ptr<QTranslator> textsOfQt_;
     std::unique_ptr<MainView> view_;
     std::unique_ptr<HelpView> help_; // once it was asked for
     WorkView work_;

@@ -4,18 +4,17 @@
 #include "desktop/theme.h"
 #include "desktop/windows/views.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <QShortcut>
 
 #include <algorithm>
+#include <utility>
 
 namespace vorna {
 
 WindowView::WindowView(Window& window)
-    : QDialog(QApplication::activeWindow(), Qt::Window), window_(window),
-      binder_(std::make_unique<Binder>(window)) {
-    setWindowModality(Qt::ApplicationModal);
+    : QDialog(nullptr, Qt::Window), window_(window), binder_(std::make_unique<Binder>(window)) {
     binder_->windowChanged = [this] {
         setWindowTitle(qt(window_.caption()));
         if (window_.closed())
@@ -47,10 +46,21 @@ void DesktopWindows::showModal(Window& window) {
     window.load();
     view->setWindowTitle(qt(window.caption()));
     view->binder().showChanges();
-    view->show();
+    QWidget* const before = std::exchange(behind, view.get());
+    bringBefore(before, *view);
     if (shown)
         shown(*view);
     loop_.runUntil([&] { return window.closed(); });
+    behind = before;
+}
+
+// The help, which stands beside all windows, stays in use.
+void DesktopWindows::bringBefore(QWidget* before, WindowView& view) {
+    view.setParent(before, Qt::Window);
+    view.setWindowModality(before == nullptr ? Qt::ApplicationModal : Qt::WindowModal);
+    QObject::connect(new QShortcut(QKeySequence::HelpContents, &view), &QShortcut::activated, &view,
+                     [this] { call(helpWanted); });
+    view.show();
 }
 
 } // namespace vorna

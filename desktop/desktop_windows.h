@@ -44,10 +44,16 @@ public:
 
     void showModal(Window& window) override;
 
+    // The window that the next one stands before; at first the main window's.
+    QWidget* behind = nullptr;
+    // F1 in any of the windows.
+    std::function<void()> helpWanted;
     // For tests and pictures of windows: called with each view once it is shown.
     std::function<void(WindowView&)> shown;
 
 private:
+    void bringBefore(QWidget* before, WindowView& view);
+
     const Session& session_;
     EventLoop& loop_;
 };

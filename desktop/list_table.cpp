@@ -55,9 +55,13 @@ public:
 
 private:
     [[nodiscard]] QString cellText(const QModelIndex& index) const {
-        const ListRow& row = table_.list_->row(static_cast<std::size_t>(index.row()));
+        const auto at = static_cast<std::size_t>(index.row());
         const TableColumn& column = table_.form_.columns[static_cast<std::size_t>(index.column())];
-        const std::string_view text = column.source == 0 ? row.text : row.subItem(column.source);
+        if (!column.buttonName.isEmpty())
+            return column.buttonName;
+        const std::string_view text =
+            column.source == 0 ? std::string_view(table_.list_->unfinishedRows()[at].text)
+                               : table_.list_->row(at).subItem(column.source);
         return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
     }
 
@@ -213,7 +217,7 @@ void ListTable::chosen(int row) {
 
 void ListTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTreeView::currentChanged(current, previous);
-    if (!refreshing_ && current.isValid())
+    if (!refreshing_ && current.isValid() && (pressing_ || !chosenByEnter_))
         chosen(current.row());
 }
 
@@ -231,7 +235,9 @@ void ListTable::mousePressEvent(QMouseEvent* event) {
         return;
     }
     const bool again = index.isValid() && index.row() == currentIndex().row();
+    pressing_ = true;
     QTreeView::mousePressEvent(event);
+    pressing_ = false;
     if (again && event->button() == Qt::LeftButton)
         chosen(index.row());
 }
@@ -272,6 +278,12 @@ void ListTable::keyPressEvent(QKeyEvent* event) {
         if (found >= 0 && grid->buttonClicked)
             grid->buttonClicked(found);
     };
+    const bool chooses = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                         event->key() == Qt::Key_Space;
+    if (chosenByEnter_ && chooses) {
+        chosen(current.row());
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

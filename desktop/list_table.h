@@ -26,6 +26,7 @@ struct TableColumn {
     bool strong = false;
     bool icon = false; // the column is a button with this icon or, without one, its text
     QString buttonIcon;
+    QString buttonName; // of an icon, for those who do not see it
     Qt::TextElideMode elide = Qt::ElideRight;
 };
 
@@ -55,6 +56,8 @@ public:
     void setEmptyText(const QString& text);
     // Columns that give way first are hidden below this width; in order of the giving way.
     void setGivingWay(std::vector<int> columns, int below);
+    // The arrow keys then only move, and Enter or Space chooses.
+    void setChosenByEnter() { chosenByEnter_ = true; }
 
     [[nodiscard]] const TableForm& form() const { return form_; }
     using QTreeView::show;
@@ -83,6 +86,8 @@ private:
     unsigned seenVersion_ = 0;
     bool refreshing_ = false;
     bool pressedCheck_ = false;
+    bool pressing_ = false; // a mouse button
+    bool chosenByEnter_ = false;
     std::vector<int> givingWay_;
     int givingWayBelow_ = 0;
 };

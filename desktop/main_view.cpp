@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QScreen>
 #include <QScrollArea>
@@ -165,8 +166,19 @@ void MainView::addShortcuts() {
     }
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             [this] { call(helpWanted); });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this,
+            [this] { goToFilter(); });
     connect(new QShortcut(QKeySequence::New, this), &QShortcut::activated, this,
             [this] { window_.clients.newClient.click(); });
+}
+
+void MainView::goToFilter() {
+    window_.tabs.select(static_cast<std::size_t>(MainTab::Clients));
+    binder_.showChanges();
+    if (auto* const filter = qobject_cast<QLineEdit*>(binder_.widgetOf(window_.clients.filter))) {
+        filter->setFocus();
+        filter->selectAll();
+    }
 }
 
 void MainView::showPage() {

@@ -43,6 +43,7 @@ private:
     QWidget* makeStrip();
     QWidget* makeBadges();
     void addShortcuts();
+    void goToFilter();
     void keepPlace();
     void showPage();
     void makePage(int index);

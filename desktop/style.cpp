@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -218,8 +219,11 @@ void VornaStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
             frame == nullptr || frame->lineWidth > 0)
             drawField(*option, *painter);
         return;
-    case PE_FrameLineEdit:
     case PE_FrameFocusRect:
+        if (qobject_cast<const QCheckBox*>(widget) != nullptr)
+            drawBox(*painter, option->rect, Qt::transparent, QPen(theme().accent, ringWidth));
+        return;
+    case PE_FrameLineEdit:
     case PE_FrameDefaultButton:
         return;
     case PE_Frame:

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QFont>
 
+#include <array>
 #include <cstdint>
 
 class QApplication;
@@ -37,6 +38,8 @@ struct Theme {
     QColor waitA;
     QColor waitB;
     QColor waitInk;
+    // Wood, fire, earth, metal, water, as in the charts.
+    std::array<QColor, 5> elements{0x17AB0CU, 0xFF2929U, 0xFFFF00U, 0x0001FCU, 0x000000U};
     QColor paper; // ground of charts and drawings in both themes
     QColor paperLine;
 };

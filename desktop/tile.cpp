@@ -24,21 +24,18 @@ void drawTile(QPainter& painter, const QAbstractButton& button) {
     painter.drawRoundedRect(QRectF(button.rect()).adjusted(1, 1, -1, -1), tileRadius, tileRadius);
 }
 
-// A word may break behind a hyphen or dash; where one still does not fit the type shrinks.
-void drawName(QPainter& painter, const QRect& room, const QString& name, Qt::Alignment place) {
-    int flags = static_cast<int>(place) | Qt::TextWordWrap;
+// Sets the largest type in which a name, broken between its words, has room; false when none is
+// small enough.
+bool setFittingType(QPainter& painter, const QRect& room, const QString& name) {
     constexpr double largest = 12.5;
     constexpr double smallest = 8.5;
-    for (double size = largest;; size -= 0.5) {
+    for (double size = largest; size >= smallest; size -= 0.5) {
         painter.setFont(sizedFont(size, true));
-        const QRect taken = painter.fontMetrics().boundingRect(room, flags, name);
-        const bool fits = taken.width() <= room.width() && taken.height() <= room.height();
-        if (!fits && size <= smallest)
-            flags = static_cast<int>(place) | Qt::TextWrapAnywhere;
-        if (fits || size <= smallest)
-            break;
+        const QRect taken = painter.fontMetrics().boundingRect(room, Qt::TextWordWrap, name);
+        if (taken.width() <= room.width() && taken.height() <= room.height())
+            return true;
     }
-    painter.drawText(room, flags, name);
+    return false;
 }
 
 } // namespace
@@ -65,21 +62,18 @@ void KindButton::paintEvent(QPaintEvent*) {
     caption.remove('&');
     const QString letter = caption.section('-', 0, 0);
     const QString word = caption.section('-', 1);
-    // In a narrow window the letter goes and the word stays.
     const bool small = width() < px(150);
-    const int side = small ? 0 : px(42);
-    const int gap = px(small ? 4 : 14);
-    if (!small) {
-        const QRect circle(gap, (height() - side) / 2, side, side);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(t.soft);
-        painter.drawEllipse(circle);
-        painter.setPen(t.softInk);
-        painter.setFont(sizedFont(21, true));
-        painter.drawText(circle, Qt::AlignCenter, letter);
-    }
+    const int side = px(small ? 22 : 42);
+    const int gap = px(small ? 5 : 14);
+    const QRect circle(gap, (height() - side) / 2, side, side);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(t.soft);
+    painter.drawEllipse(circle);
+    painter.setPen(t.softInk);
+    painter.setFont(sizedFont(small ? 13 : 21, true));
+    painter.drawText(circle, Qt::AlignCenter, letter);
     painter.setPen(t.ink);
-    const int left = small ? gap : 2 * gap + side;
+    const int left = 2 * gap + side;
     const QRect room(left, 0, width() - left - px(4), height());
     double size = small ? 15 : 17;
     for (; size > 10; size -= 0.5) {
@@ -87,8 +81,7 @@ void KindButton::paintEvent(QPaintEvent*) {
         if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
             break;
     }
-    painter.drawText(
-        room, static_cast<int>(small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter), word);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, word);
 }
 
 ChartTile::ChartTile(const QString& drawing, QWidget* parent)
@@ -122,23 +115,34 @@ QSize ChartTile::minimumSizeHint() const {
 void ChartTile::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     drawTile(painter, *this);
+    const int edge = px(6);
     const QSize sheet = low_ ? QSize(px(30), px(26)) : QSize(px(86), px(52));
-    const QRect paper(low_ ? px(6) : (width() - sheet.width()) / 2,
+    const QRect paper(low_ ? edge : (width() - sheet.width()) / 2,
                       low_ ? (height() - sheet.height()) / 2 : px(9), sheet.width(),
                       sheet.height());
+    const QRect whole(edge, 2, width() - 2 * edge, height() - 4);
+    const QRect beside = whole.adjusted(paper.right(), 0, 0, 0);
+    const QRect below = whole.adjusted(0, paper.bottom() + px(2), 0, -px(4));
+    const bool fits = setFittingType(painter, low_ ? beside : below, name_);
+    // In a tile that is too small for both, the name stands alone.
+    const bool alone = low_ && !fits;
+    if (alone)
+        setFittingType(painter, whole, name_);
+    else
+        drawSheet(painter, paper);
+    painter.setPen(theme().ink);
+    const QRect room = alone ? whole : low_ ? beside : below;
+    const auto place = low_ && !alone ? Qt::AlignVCenter | Qt::AlignLeft : Qt::AlignCenter;
+    painter.drawText(room, static_cast<int>(place) | Qt::TextWordWrap, name_);
+}
+
+void ChartTile::drawSheet(QPainter& painter, const QRect& paper) const {
     painter.setPen(Qt::NoPen);
     painter.setBrush(theme().paper);
     painter.drawRoundedRect(paper, 5, 5);
     QSvgRenderer drawing(":/icons/" + drawing_ + ".svg");
     drawing.setAspectRatioMode(Qt::KeepAspectRatio);
     drawing.render(&painter, QRectF(paper).adjusted(3, 2, -3, -2));
-    painter.setPen(theme().ink);
-    const int edge = px(6);
-    const QRect room =
-        low_ ? QRect(paper.right() + edge, 2, width() - paper.right() - 2 * edge, height() - 4)
-             : QRect(edge, paper.bottom() + px(4), width() - 2 * edge,
-                     height() - paper.bottom() - px(10));
-    drawName(painter, room, name_, low_ ? Qt::AlignVCenter | Qt::AlignLeft : Qt::AlignCenter);
 }
 
 } // namespace vorna

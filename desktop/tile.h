@@ -33,6 +33,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void drawSheet(QPainter& painter, const QRect& paper) const;
+
     QString drawing_;
     QString name_;
     bool low_ = false;

@@ -8,7 +8,6 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace vorna {
@@ -60,7 +59,12 @@ QWidget* searchRow(const PageParts& parts) {
     auto* const active = new QCheckBox;
     active->setFocusPolicy(Qt::NoFocus);
     active->setAttribute(Qt::WA_TransparentForMouseEvents);
-    parts.binder.bind(clients.filterActive, *active);
+    active->setCheckable(true);
+    parts.binder.bind(static_cast<Control&>(clients.filterActive), *active);
+    parts.binder.onChange(clients.filterActive, [&clients, active] {
+        active->setText(qt(clients.filterActive.caption).replace('&', "&&"));
+        active->setAccessibleName(qt(clients.filterActive.caption));
+    });
     parts.binder.onChange(clients.filter, [&clients, active] {
         active->setChecked(!clients.filter.text.get().empty());
     });
@@ -70,12 +74,6 @@ QWidget* searchRow(const PageParts& parts) {
     added->setMinimumHeight(px(44));
     parts.binder.bind(clients.newClient, *added);
     line->addWidget(added);
-
-    auto* const find = new QShortcut(QKeySequence::Find, whole);
-    QObject::connect(find, &QShortcut::activated, filter, [filter] {
-        filter->setFocus();
-        filter->selectAll();
-    });
     return whole;
 }
 

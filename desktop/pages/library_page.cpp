@@ -16,6 +16,7 @@
 namespace vorna {
 namespace {
 
+constexpr std::size_t elementColumn = 2;
 constexpr int sideWidth = 228;
 constexpr int leastPathwayLine = 350;
 
@@ -99,6 +100,17 @@ QWidget* meridianColumn(const PageParts& parts) {
     return whole;
 }
 
+// Of the point in a row of the grid; none for a point without an element.
+QColor elementColour(const LibraryTab& tab, const ListRow& row) {
+    const auto place = static_cast<std::size_t>(&row - tab.pointGrid.unfinishedRows().data());
+    if (place >= tab.points.size() || tab.points[place].elementname.empty())
+        return {};
+    const int element = qt(tab.points[place].povel).toInt();
+    const auto& colours = theme().elements;
+    const bool known = element >= 1 && element <= static_cast<int>(colours.size());
+    return known ? colours.at(static_cast<std::size_t>(element - 1)) : QColor();
+}
+
 QWidget* pointColumn(const PageParts& parts) {
     LibraryTab& tab = parts.window.library;
     auto* const whole = new QWidget;
@@ -115,6 +127,9 @@ QWidget* pointColumn(const PageParts& parts) {
     form.columns[1].icon = true;
     form.lines = 2;
     form.rowHeight = 46;
+    form.dot = [&tab](const ListRow& row, std::size_t column) {
+        return column == elementColumn ? elementColour(tab, row) : QColor();
+    };
     auto* const table = new ListTable(std::move(form));
     table->setAccessibleName(parts.texts("Frame17.caption"));
     table->setGivingWay({2}, 330);
@@ -126,12 +141,14 @@ QWidget* pointColumn(const PageParts& parts) {
     auto* const line = row(16);
     QLineEdit* const point = quietLine(28, true);
     point->setMaximumWidth(px(90));
+    point->setAccessibleName(parts.texts("Frame17.caption"));
     parts.binder.bind(tab.pointBox, *point);
     line->addWidget(point);
     auto* const types = new TextView;
     types->setFixedHeight(px(62));
     types->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     types->setFont(sizedFont(14));
+    types->setAccessibleName(parts.texts("Frame17.caption"));
     parts.binder.bind(tab.pointTypesBox, *types);
     line->addWidget(types, 1);
     card->body().addLayout(line);

@@ -117,8 +117,9 @@ TableForm measurementForm(const Texts& texts) {
     for (std::size_t i = 0; i < 4; ++i) {
         TableColumn column;
         column.source = i;
-        constexpr std::array widths{37.0, 12.0, 36.0, 15.0};
+        constexpr std::array widths{182.0, 12.0, 36.0, 15.0};
         column.width = widths.at(i);
+        column.fixed = i == 0; // a date with its time
         form.columns.push_back(column);
     }
     form.checks = true;

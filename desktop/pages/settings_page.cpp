@@ -228,6 +228,7 @@ QWidget* settingsList(const PageParts& parts) {
     table->setMinimumWidth(px(narrowListWidth));
     table->setMaximumWidth(px(listWidth));
     table->setAccessibleName(parts.texts.message("t108"));
+    table->setChosenByEnter();
     parts.binder.bind(parts.window.settingsList, *table);
     return table;
 }

@@ -2,6 +2,7 @@
 // key and no answer, and a thin bar tells how long it stays.
 #pragma once
 
+#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
@@ -16,6 +17,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    // It goes by itself alone.
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
 
 private:
     std::chrono::milliseconds shown_;

@@ -20,7 +20,7 @@ QString qtText(const std::string& text) {
 }
 
 QString titled(const std::string& title) {
-    return title.empty() ? QApplication::applicationDisplayName() : qtText(title);
+    return title.empty() ? QStringLiteral("VORNA") : qtText(title);
 }
 
 // The window that what is said now belongs to.

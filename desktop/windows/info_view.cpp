@@ -35,6 +35,8 @@ QWidget* infoPictures(Binder& binder, InfoPanel& window) {
         auto* const picture = new PictureView;
         picture->setSizeWanted({px(200), px(190)});
         bindUnlessEmpty(binder, *control, *picture);
+        binder.onChange(window.name,
+                        [&window, picture] { picture->setName(qt(window.name.text)); });
         line->addWidget(picture, 1);
     }
     return whole;

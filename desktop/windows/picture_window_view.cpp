@@ -16,6 +16,7 @@ std::unique_ptr<WindowView> makePictureWindowView(const Session&, PictureWindow&
     QVBoxLayout* const lines = windowColumn(*view);
     auto* const picture = new PictureView;
     binder.bind(window.picture, *picture);
+    binder.onChange(window.picture, [&window, picture] { picture->setName(qt(window.caption())); });
     lines->addWidget(picture, 1);
     auto* const foot = new WindowFoot;
     foot->addRight(boundButton(binder, window.back, "back", ButtonRole::Primary));

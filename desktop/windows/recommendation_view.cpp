@@ -166,6 +166,10 @@ QWidget* pointPictures(Binder& binder, RecommendationWindow& window) {
         auto* const picture = new PictureView;
         picture->setSizeWanted({px(160), px(170)});
         bindUnlessEmpty(binder, *control, *picture);
+        binder.onChange(window.points, [&window, picture] {
+            const ListRow* const row = window.points.selectedRow();
+            picture->setName(row == nullptr ? QString() : qt(row->text));
+        });
         line->addWidget(picture, 1);
     }
     return whole;

@@ -54,6 +54,8 @@ std::unique_ptr<WindowView> makeWorkView(WorkWindow& window) {
 WorkView::WorkView(WorkWindow& window) : window_(window) {
     window.appears = [this] {
         view_ = makeWorkView(window_);
+        view_->setParent(QApplication::activeWindow(), Qt::Window);
+        view_->setWindowModality(Qt::ApplicationModal);
         view_->setWindowTitle(qt(window_.text.caption));
         view_->show();
     };

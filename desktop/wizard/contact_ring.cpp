@@ -50,7 +50,7 @@ void ContactRing::setValue(const QString& value) {
     if (value == value_)
         return;
     value_ = value;
-    setAccessibleName(value);
+    setAccessibleDescription(value);
     update();
 }
 

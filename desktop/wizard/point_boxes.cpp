@@ -143,6 +143,8 @@ void PointBoxView::focusInEvent(QFocusEvent* event) {
     keyboardRing_ =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     QAbstractButton::focusInEvent(event);
+    if (keyboardRing_)
+        call(box_.clicked); // as one that was pressed, it shows its point
 }
 
 void PointBoxView::focusOutEvent(QFocusEvent* event) {

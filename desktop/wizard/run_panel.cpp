@@ -18,6 +18,7 @@ namespace vorna {
 namespace {
 
 constexpr double readingsHeight = 118;
+constexpr double lowReadingsHeight = 64;
 constexpr double mostReadingsHeight = 280;
 
 ContactRing* boundRing(Binder& binder, RunControls& run) {
@@ -29,6 +30,8 @@ ContactRing* boundRing(Binder& binder, RunControls& run) {
         ring->setShare(run.progress.heldShare());
     };
     binder.onChange(run.progress, show);
+    binder.onChange(run.liveValueLabel,
+                    [&run, ring] { ring->setAccessibleName(qt(run.liveValueLabel.caption)); });
     for (const auto& box : run.boxes.members)
         binder.onChange(*box, show);
     return ring;
@@ -82,7 +85,7 @@ QWidget* RunPanel::makeReadings(Binder& binder) {
     binder.bind(run_.readingsLabel, *heading);
     card->body().addWidget(heading);
     QHBoxLayout* const line = row(10);
-    auto* const curve = new ReadingCurve;
+    auto* const curve = curve_ = new ReadingCurve;
     auto* const figures = new ReadingFigures;
     binder.bind(static_cast<Control&>(run_.readings), *figures);
     binder.onChange(run_.readingsLabel, [this, curve, figures] {
@@ -117,7 +120,8 @@ QWidget* RunPanel::makeFoot(Binder& binder) {
 }
 
 void RunPanel::setLow(bool low) {
-    readings_->setVisible(!low);
+    curve_->setVisible(!low);
+    readings_->setMinimumHeight(px(low ? lowReadingsHeight : readingsHeight));
 }
 
 } // namespace vorna

@@ -13,7 +13,7 @@ struct RunControls;
 class RunPanel final : public QWidget {
 public:
     RunPanel(Binder& binder, RunControls& run);
-    // A low window has no room for the readings.
+    // A low window has room for the readings' figures, but not for their curve.
     void setLow(bool low);
 
 private:
@@ -23,6 +23,7 @@ private:
 
     RunControls& run_;
     QWidget* readings_ = nullptr;
+    ReadingCurve* curve_ = nullptr;
 };
 
 } // namespace vorna

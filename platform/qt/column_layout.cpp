@@ -208,7 +208,10 @@ private:
         ChartBox& tag = mean.tag;
         tag.rect.moveTop(middle - tag.rect.height() / 2);
         const QString text = tag.lines.front().text;
-        if (text.isEmpty() || tag.rect.bottom() > size_.height())
+        const bool hasRoom = tag.rect.bottom() <= size_.height();
+        if (!hasRoom) // below all the others: the line stands without it
+            tag.rect = QRectF(tag.rect.left(), 0, 0, 0);
+        if (text.isEmpty() || !hasRoom)
             tag.lines.clear();
         else
             setBoxLines(tag, {text}, font, Qt::black);

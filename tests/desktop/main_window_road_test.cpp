@@ -1,7 +1,10 @@
 // The road through the main window by mouse and keyboard.
+#include "desktop/masked_edit.h"
 #include "tests/desktop/desktop_desk.h"
 
+#include <QComboBox>
 #include <QLineEdit>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 namespace vorna {
@@ -96,6 +99,92 @@ TEST_F(MainWindowRoadTest, TheChosenModeExcludesTheOther) {
     QTest::mouseClick(&widgetOf<QAbstractButton>(desk, *window().languageOptions.at(2)),
                       Qt::LeftButton);
     EXPECT_EQ(window().clickedLanguage, 2);
+}
+
+TEST_F(MainWindowRoadTest, AWheelThatPassesOverAClosedListLeavesIt) {
+    desk.selectSample();
+    window().tabs.select(static_cast<std::size_t>(MainTab::Card));
+    DesktopDesk::settle();
+    auto& list = widgetOf<QComboBox>(desk, window().card.gender);
+    const int before = window().card.gender.index;
+    for (const int down : {-120, 120}) {
+        QWheelEvent wheel(QPointF(5, 5), list.mapToGlobal(QPointF(5, 5)), {}, {0, down}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&list, &wheel);
+        EXPECT_EQ(window().card.gender.index, before);
+    }
+}
+
+TEST_F(MainWindowRoadTest, TheSettingsListIsWalkedByKeys) {
+    window().tabs.select(static_cast<std::size_t>(MainTab::Settings));
+    DesktopDesk::settle();
+    int helps = 0;
+    window().showHelp = [&](const fs::path&) { ++helps; };
+    EXPECT_FALSE(window().freeMeasurement.frame.visible) << "no row is chosen yet";
+    ListTable& table = desk.table(window().settingsList);
+    table.setFocus();
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&table, Qt::Key_Down);
+    EXPECT_EQ(helps, 0);
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_TRUE(window().freeMeasurement.frame.visible);
+}
+
+TEST_F(MainWindowRoadTest, F1AndTheFilterAreThereEverywhere) {
+    desk.selectSample();
+    desk.selectMeasurement(0);
+    int helps = 0;
+    desk.program->windows().helpWanted = [&] { ++helps; };
+    desk.program->windows().shown = [](WindowView& view) {
+        EXPECT_EQ(view.windowTitle(), qt(view.model().caption())) << "and nothing more";
+        DesktopDesk::settle();
+        EXPECT_EQ(QApplication::activeWindow(), &view);
+        QTest::keyClick(&view, Qt::Key_F1);
+        QTest::keyClick(&view, Qt::Key_Escape);
+    };
+    window().chartButtons.at(0)->click();
+    EXPECT_EQ(helps, 1);
+    desk.program->view().activateWindow();
+    DesktopDesk::settle();
+    QTest::keyClick(&desk.program->view(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(window().tabs.selected, static_cast<int>(MainTab::Clients));
+}
+
+TEST_F(MainWindowRoadTest, TheButtonsOfAQuestionAreInTheLanguage) {
+    const char* const yes[] = {"Ano", "Yes", "Ja", "Да"};
+    for (int language = 1; language <= 4; ++language) {
+        desk.start(language);
+        QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Yes | QMessageBox::No);
+        EXPECT_EQ(box.button(QMessageBox::Yes)->text().remove('&'),
+                  QString::fromUtf8(yes[language - 1]));
+    }
+}
+
+TEST(MaskedEditTest, ADigitTakesItsPlaceAndOneThatGoesLeavesIt) {
+    struct Case {
+        const char* rule;
+        const char *shown, *edited;
+        int cursor;
+        const char* text;
+        int next;
+    };
+    const Case cases[] = {
+        {"the first digit", "14.05.1978", "314.05.1978", 1, "34.05.1978", 1},
+        {"in front of a sign", "14.05.1978", "143.05.1978", 3, "14.35.1978", 4},
+        {"the sign itself", "14.05.1978", "14..05.1978", 3, "14.05.1978", 3},
+        {"in an empty box", "__.__.____", "1__.__.____", 1, "1_.__.____", 1},
+        {"behind the last place", "1_.__.____", "1_.__.____2", 11, "12.__.____", 3},
+        {"a letter", "14.05.1978", "1x4.05.1978", 2, "14.05.1978", 1},
+        {"when all is full", "14.05.1978", "14.05.19781", 11, "14.05.1978", 10},
+        {"taken back", "14.05.1978", "14.0.1978", 4, "14.0_.1978", 4},
+        {"a sign stays", "14.05.1978", "1405.1978", 2, "14.05.1978", 2},
+        {"all at once", "__.__.____", "01.02.1980", 10, "01.02.1980", 10},
+    };
+    for (const Case& c : cases) {
+        const MaskedEdit edit = maskedEdit(c.shown, c.edited, c.cursor);
+        EXPECT_EQ(edit.text.toStdString(), c.text) << c.rule;
+        EXPECT_EQ(edit.cursor, c.next) << c.rule;
+    }
 }
 
 TEST_F(MainWindowRoadTest, ThePlaceOfTheWindowIsKept) {

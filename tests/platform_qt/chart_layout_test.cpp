@@ -475,6 +475,9 @@ TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
     std::string series = "<chart>";
     for (int i = 0; i < 16; ++i)
         series += "<dataset seriesName='s'>";
+    std::string means = "<chart><dataset><set value='5'/></dataset>";
+    for (int i = 0; i < 20; ++i)
+        means += "<line startValue='100' displayValue='100'/>";
     const SmallCase cases[]{
         {"a title of the largest type",
          "<chart caption='Č' subcaption='Žižka'><style name='s' size='48'/>"
@@ -482,6 +485,7 @@ TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
         {"more series than the legend has room for", series},
         {"a mean above the axis without a title",
          "<chart><dataset><set value='5'/></dataset><line startValue='300' displayValue='300'/>"},
+        {"more means than have room above each other", means},
     };
     const QSizeF size(220, 160);
     const QRectF picture(QPointF(0, 0), size);
@@ -489,8 +493,11 @@ TEST(ChartLayoutTest, NothingLeavesASmallDrawing) {
         const LaidOutChart columns(parseChartDocument(c.document, samples::columnsType), size);
         checkTags(*columns.columns(), picture, c.rule);
         checkTexts(*columns.columns(), picture, c.rule);
-        for (const MeanLine& mean : columns.columns()->means)
-            EXPECT_GE(mean.tag.rect.top(), mean.above ? 8 : 0) << c.rule; // its arrow
+        for (const MeanLine& mean : columns.columns()->means) {
+            if (mean.above && !mean.tag.lines.empty())
+                EXPECT_GE(mean.tag.rect.top(), 8) << c.rule << ": its arrow";
+            EXPECT_LE(mean.tag.rect.bottom(), size.height()) << c.rule;
+        }
         const LaidOutChart pie(parseChartDocument(c.document, samples::pieType), size);
         checkPie(*pie.pie(), picture, c.rule);
     }
