@@ -28,7 +28,7 @@ void drawTile(QPainter& painter, const QAbstractButton& button) {
 // small enough.
 bool setFittingType(QPainter& painter, const QRect& room, const QString& name) {
     constexpr double largest = 12.5;
-    constexpr double smallest = 8.5;
+    constexpr double smallest = 7.5;
     for (double size = largest; size >= smallest; size -= 0.5) {
         painter.setFont(sizedFont(size, true));
         const QRect taken = painter.fontMetrics().boundingRect(room, Qt::TextWordWrap, name);
@@ -60,28 +60,31 @@ void KindButton::paintEvent(QPaintEvent*) {
     drawTile(painter, *this);
     QString caption = text();
     caption.remove('&');
-    const QString letter = caption.section('-', 0, 0);
-    const QString word = caption.section('-', 1);
+    // In a narrow window the letter stands above its word.
     const bool small = width() < px(150);
-    const int side = px(small ? 22 : 42);
-    const int gap = px(small ? 5 : 14);
-    const QRect circle(gap, (height() - side) / 2, side, side);
+    const int side = px(small ? 28 : 42);
+    const int gap = px(small ? 6 : 14);
+    const QRect circle(small ? (width() - side) / 2 : gap, small ? gap : (height() - side) / 2,
+                       side, side);
     painter.setPen(Qt::NoPen);
     painter.setBrush(t.soft);
     painter.drawEllipse(circle);
     painter.setPen(t.softInk);
-    painter.setFont(sizedFont(small ? 13 : 21, true));
-    painter.drawText(circle, Qt::AlignCenter, letter);
+    painter.setFont(sizedFont(small ? 15 : 21, true));
+    painter.drawText(circle, Qt::AlignCenter, caption.section('-', 0, 0));
     painter.setPen(t.ink);
-    const int left = 2 * gap + side;
-    const QRect room(left, 0, width() - left - px(4), height());
-    double size = small ? 15 : 17;
-    for (; size > 10; size -= 0.5) {
+    const int edge = px(4);
+    const QRect room =
+        small ? QRect(edge, circle.bottom(), width() - 2 * edge, height() - circle.bottom() - edge)
+              : QRect(2 * gap + side, 0, width() - 2 * gap - side - edge, height());
+    const QString word = caption.section('-', 1);
+    for (double size = small ? 14 : 17; size > 8; size -= 0.5) {
         painter.setFont(sizedFont(size, true));
         if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
             break;
     }
-    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, word);
+    painter.drawText(
+        room, static_cast<int>(small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter), word);
 }
 
 ChartTile::ChartTile(const QString& drawing, QWidget* parent)

@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -97,7 +98,9 @@ public:
     }
     void fit(int windowWidth) {
         const int wanted = px(windowWidth < px(narrowBelow) ? narrowPanelWidth : panelWidth);
-        setFixedWidth(std::max(wanted, widget()->minimumSizeHint().width()));
+        const QSize needed = widget()->minimumSizeHint();
+        const int bar = needed.height() > height() ? verticalScrollBar()->sizeHint().width() : 0;
+        setFixedWidth(std::max(wanted, needed.width() + bar));
     }
 };
 
