@@ -44,7 +44,8 @@ Layer layerOf(const QString& group) {
     static const std::map<QString, Layer> layers{{"skin", Layer::Skin},
                                                  {"bones", Layer::Bones},
                                                  {"nails", Layer::Nails},
-                                                 {"hair", Layer::Hair}};
+                                                 {"hair", Layer::Hair},
+                                                 {"landmarks", Layer::Landmarks}};
     const auto found = layers.find(group);
     return found == layers.end() ? Layer::Form : found->second;
 }

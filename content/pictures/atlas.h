@@ -17,8 +17,9 @@
 
 namespace vorna {
 
-// What a shape is of: the body's outline, its creases and features, or what lies below the skin.
-enum class Layer { Skin, Form, Bones, Nails, Hair };
+// What a shape is of: the body's outline, its creases and features, or what lies below the skin. A
+// landmark is not drawn: it tells the extent of what the reader finds the place by.
+enum class Layer { Skin, Form, Bones, Nails, Hair, Landmarks };
 
 // One shape of a drawing.
 struct DrawnShape {

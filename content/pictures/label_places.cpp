@@ -1,6 +1,7 @@
 #include "content/pictures/label_places.h"
 
 #include "content/pictures/marks.h"
+#include "platform/failure.h"
 
 #include <algorithm>
 #include <array>
@@ -85,7 +86,7 @@ bool crosses(const QLineF& line, const QRectF& box) {
 }
 
 // How much a line of a drawing counts, by what it shows; a course counts as `courseWeight`.
-constexpr double courseWeight = 0.12;
+constexpr double courseWeight = 0.25;
 double lineWeight(Layer layer) {
     switch (layer) {
     case Layer::Skin:
@@ -93,16 +94,22 @@ double lineWeight(Layer layer) {
     case Layer::Bones:
     case Layer::Hair:
         return 0.02;
+    case Layer::Landmarks:
+        return 0;
     default:
         return 0.1;
     }
 }
-constexpr double nailWeight = 0.05;
+constexpr double landmarkWeight = 0.05; // of what lies inside
+
+bool isLandmark(const DrawnShape& shape) {
+    return shape.layer == Layer::Nails || shape.layer == Layer::Landmarks;
+}
 
 // ---- Labels that are placed together
 
 // For each label one of the places offered; null for a label that has none yet.
-using Choice = std::vector<const LabelPlace*>;
+using Chosen = std::vector<const LabelPlace*>;
 
 double conflict(const LabelPlace& a, const LabelPlace& b) {
     if (!a.extent.intersects(b.extent))
@@ -113,7 +120,7 @@ double conflict(const LabelPlace& a, const LabelPlace& b) {
                                                crosses(b.leader, a.box));
 }
 
-double priceAmong(const LabelPlace& place, const Choice& others) {
+double priceAmong(const LabelPlace& place, const Chosen& others) {
     double price = place.price;
     for (const LabelPlace* const other : others)
         if (other != nullptr)
@@ -121,7 +128,7 @@ double priceAmong(const LabelPlace& place, const Choice& others) {
     return price;
 }
 
-const LabelPlace* cheapest(const std::vector<LabelPlace>& offered, const Choice& others) {
+const LabelPlace* cheapest(const std::vector<LabelPlace>& offered, const Chosen& others) {
     const LabelPlace* best = nullptr;
     double least = std::numeric_limits<double>::max();
     for (const LabelPlace& place : offered) {
@@ -137,8 +144,8 @@ const LabelPlace* cheapest(const std::vector<LabelPlace>& offered, const Choice&
 }
 
 // Each label takes its cheapest place in turn, again and again, until none moves any more.
-Choice settled(const std::vector<std::vector<LabelPlace>>& offered, bool fromLast) {
-    Choice chosen(offered.size(), nullptr);
+Chosen settled(const std::vector<std::vector<LabelPlace>>& offered, bool fromLast) {
+    Chosen chosen(offered.size(), nullptr);
     bool moved = true;
     for (int round = 0; round < rounds && moved; ++round) {
         moved = false;
@@ -153,17 +160,17 @@ Choice settled(const std::vector<std::vector<LabelPlace>>& offered, bool fromLas
     return chosen;
 }
 
-double total(Choice choice) {
+double total(Chosen chosen) {
     double sum = 0;
-    for (const LabelPlace*& place : choice)
-        sum += priceAmong(*std::exchange(place, nullptr), choice);
+    for (const LabelPlace*& place : chosen)
+        sum += priceAmong(*std::exchange(place, nullptr), chosen);
     return sum;
 }
 
 } // namespace
 
-void LabelPlaces::avoid(const QPainterPath& course) {
-    ink_.addLine(course, courseWeight);
+void LabelPlaces::avoid(const QPainterPath& course, double times) {
+    ink_.addLine(course, courseWeight * times);
 }
 
 void LabelPlaces::avoid(const Stage& drawing) {
@@ -171,9 +178,16 @@ void LabelPlaces::avoid(const Stage& drawing) {
     for (const DrawnShape& shape : drawing.view.drawing) {
         const QPainterPath path = transform.map(shape.path);
         ink_.addLine(path, lineWeight(shape.layer));
-        if (shape.layer == Layer::Nails)
-            ink_.addInside(path, nailWeight);
+        if (isLandmark(shape))
+            ink_.addInside(path, landmarkWeight);
     }
+}
+
+void LabelPlaces::avoidLandmarks(const Stage& drawing) {
+    const QTransform transform = drawing.transform();
+    for (const DrawnShape& shape : drawing.view.drawing)
+        if (isLandmark(shape))
+            ink_.addInside(transform.map(shape.path), landmarkWeight);
 }
 
 double LabelPlaces::cost(const QRectF& box) const {
@@ -236,13 +250,27 @@ std::vector<LabelPlace> LabelPlaces::offers(const Wish& wish) const {
     return found;
 }
 
+LabelPlaces::Choice LabelPlaces::takeOneOf(const std::vector<Wish>& wishes) {
+    std::size_t best = 0;
+    double least = std::numeric_limits<double>::max();
+    for (std::size_t i = 0; i < wishes.size(); ++i)
+        for (const LabelPlace& place : offers(wishes[i]))
+            if (place.price + wishes[i].drawback < least) {
+                least = place.price + wishes[i].drawback;
+                best = i;
+            }
+    if (wishes.empty())
+        throw Failure("a label has no place to name");
+    return {.wish = best, .middle = take(wishes[best])};
+}
+
 std::vector<QPointF> LabelPlaces::take(const std::vector<Wish>& wishes) {
     std::vector<std::vector<LabelPlace>> offered;
     offered.reserve(wishes.size());
     for (const Wish& wish : wishes)
         offered.push_back(offers(wish));
-    const Choice forwards = settled(offered, false);
-    const Choice backwards = settled(offered, true);
+    const Chosen forwards = settled(offered, false);
+    const Chosen backwards = settled(offered, true);
     std::vector<QPointF> middles;
     middles.reserve(wishes.size());
     for (const LabelPlace* const place :

@@ -25,15 +25,19 @@ public:
     void keepFree(const QRectF& area) { taken_.push_back(area); }
     // The same for a dot, beside which, too, no other dot's label should stand.
     void keepFree(const QPointF& dot, double radius) { dots_.push_back({dot, radius}); }
-    // What a label should rather not cover: a course; the lines of a drawing, its landmarks least.
-    void avoid(const QPainterPath& course);
+    // What a label should rather not cover: a course, counted so many times; the lines of a
+    // drawing, its landmarks least.
+    void avoid(const QPainterPath& course, double times = 1);
     void avoid(const Stage& drawing);
+    // Of a drawing its landmarks alone.
+    void avoidLandmarks(const Stage& drawing);
 
     struct Wish {
         QPointF at;
         double radius = 0;
         QRectF extent; // round the origin
         double preferred = 30;
+        double drawback = 0; // what another wish may cost more before it loses to this one
     };
     // The middles for labels, each near `at` but outside `radius` round it, where together they
     // cover and confuse least; `preferred` is the direction in degrees, counter-clockwise from the
@@ -41,6 +45,13 @@ public:
     // count as taken from then on.
     std::vector<QPointF> take(const std::vector<Wish>& wishes);
     QPointF take(const Wish& wish) { return take(std::vector{wish}).front(); }
+    struct Choice {
+        std::size_t wish; // its number
+        QPointF middle;
+    };
+    // One label for what may be named at several places: the wish that is fulfilled best, the
+    // earlier among equals. Failure when there is none.
+    Choice takeOneOf(const std::vector<Wish>& wishes);
 
     // How much a box would cover of what is taken, of what is to be avoided, and of the
     // surroundings of the room; 0 when nothing.

@@ -61,6 +61,14 @@ QFont pictureFont(double pixels, bool bold) {
     return font;
 }
 
+void drawLetters(QPainter& painter, const Letters& letters) {
+    QPainterPath outlines;
+    outlines.addText(letters.base, letters.font, letters.text);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(letters.colour);
+    painter.drawPath(outlines);
+}
+
 void drawMark(QPainter& painter, const QPointF& at, double radius) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(palette::paper, radius * 0.62));

@@ -16,6 +16,15 @@ QRectF around(const QPointF& middle, double radius);
 // The font of all pictures, of the given height.
 QFont pictureFont(double pixels, bool bold);
 
+// Text from the base line on. Its outlines are filled, which comes out the same in every run.
+struct Letters {
+    QString text;
+    QFont font;
+    QPointF base; // the left end of the base line
+    QColor colour;
+};
+void drawLetters(QPainter& painter, const Letters& letters);
+
 // A red ring with a dot in it on a white halo; the ring's radius.
 void drawMark(QPainter& painter, const QPointF& at, double radius);
 

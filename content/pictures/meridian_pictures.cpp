@@ -18,6 +18,7 @@ constexpr QSize figurePictureSize{1200, 1400};
 constexpr QSize partsPictureSize{1800, 1600};
 constexpr double headingHeight = 92; // with its distance from the top and from the views
 constexpr int margin = 16;
+constexpr double insetMargin = 12; // between an inset and its frame
 
 QRectF roomIn(const QSize& size) {
     return QRectF(QPointF(0, 0), QSizeF(size)).adjusted(margin, margin, -margin, -margin);
@@ -56,6 +57,13 @@ public:
     void drawBackground(const Stage& stage, double outline) {
         drawView(painter_, stage, outline);
         places_.avoid(stage);
+    }
+
+    void drawFrame(const Stage& stage) {
+        painter_.setPen(QPen(palette::line, 2));
+        painter_.setBrush(palette::paper);
+        painter_.drawRoundedRect(
+            stage.target.adjusted(-insetMargin, -insetMargin, insetMargin, insetMargin), 14, 14);
     }
 
     void drawCourse(const Stage& stage, const PathwayStyle& style) {
@@ -161,9 +169,35 @@ private:
     std::vector<Point> points_;
 };
 
-// Front and back show both sides of the body, the side view the left one alone.
+// A part of the body between the whole figures.
+bool isInset(const AtlasView& view) {
+    return !view.name.starts_with("body_");
+}
+
+// Front and back show both sides of the body, the side view and an inset the left one alone.
 bool showsBothSides(const Stage& stage) {
-    return stage.view.name != "body_side";
+    return stage.view.name != "body_side" && !isInset(stage.view);
+}
+
+// The whole figures beside each other and, between their feet, the inset.
+std::vector<Stage> figureStages(const Atlas& atlas, const MeridianViews& views) {
+    constexpr QSizeF insetSize(216, 324);
+    const QRectF room = roomIn(figurePictureSize);
+    std::vector<Stage> stages = besideEachOther(viewsOf(atlas, views.figures), room);
+    if (views.inset.empty())
+        return stages;
+    QRectF inset(QPointF(0, 0), insetSize);
+    inset.moveCenter({room.center().x(), room.bottom() - insetSize.height() / 2 - insetMargin});
+    stages.push_back(wholeView(atlas.view(views.inset), inset, false));
+    return stages;
+}
+
+std::vector<const AtlasView*> viewsOf(const std::vector<Stage>& stages) {
+    std::vector<const AtlasView*> found;
+    found.reserve(stages.size());
+    for (const Stage& stage : stages)
+        found.push_back(&stage.view);
+    return found;
 }
 
 Stage mirrorImage(const Stage& stage) {
@@ -180,12 +214,18 @@ std::map<std::string, MeridianViews> readMeridianViews(const Atlas& atlas, const
     std::map<std::string, MeridianViews> all;
     for (const SourceRow& row : table.rows) {
         const MeridianViews views{.figures = wordsOf(table.text(row, "figures")),
+                                  .inset = table.text(row, "inset"),
                                   .parts = wordsOf(table.text(row, "parts"))};
         for (const auto* list : {&views.figures, &views.parts}) {
             if (list->empty())
                 failAt(table.placeOf(row), "no views");
             for (const std::string& view : *list)
                 naming(file, [&] { return atlas.view(view).canvas; });
+        }
+        if (!views.inset.empty()) {
+            if (views.figures.size() < 2)
+                failAt(table.placeOf(row), "an inset stands between two figures");
+            naming(file, [&] { return atlas.view(views.inset).canvas; });
         }
         all.emplace(table.text(row, "meridian"), views);
     }
@@ -194,11 +234,13 @@ std::map<std::string, MeridianViews> readMeridianViews(const Atlas& atlas, const
 
 QImage coursePicture(const Atlas& atlas, const MeridianSubject& subject) {
     Sheet sheet(subject, figurePictureSize);
-    const std::vector<const AtlasView*> views = viewsOf(atlas, subject.views.figures);
-    const std::vector<Stage> stages = besideEachOther(views, roomIn(figurePictureSize));
+    const std::vector<Stage> stages = figureStages(atlas, subject.views);
+    const std::vector<const AtlasView*> views = viewsOf(stages);
     const PathwayStyle style{.width = 6, .arrowEvery = 130, .colour = palette::accent};
     sheet.drawHeading();
     for (const Stage& stage : stages) {
+        if (isInset(stage.view))
+            sheet.drawFrame(stage);
         sheet.drawBackground(stage, 2.8);
         if (showsBothSides(stage))
             sheet.drawCourse(mirrorImage(stage), style);
@@ -217,9 +259,12 @@ QImage coursePicture(const Atlas& atlas, const MeridianSubject& subject) {
 QImage bodyPointsPicture(const Atlas& atlas, const MeridianSubject& subject) {
     constexpr int everyFifth = 5;
     Sheet sheet(subject, figurePictureSize);
-    const std::vector<const AtlasView*> views = viewsOf(atlas, subject.views.figures);
+    const std::vector<Stage> stages = figureStages(atlas, subject.views);
+    const std::vector<const AtlasView*> views = viewsOf(stages);
     sheet.drawHeading();
-    for (const Stage& stage : besideEachOther(views, roomIn(figurePictureSize))) {
+    for (const Stage& stage : stages) {
+        if (isInset(stage.view))
+            sheet.drawFrame(stage);
         sheet.drawBackground(stage, 2.8);
         sheet.drawCourse(stage, {.width = 4, .colour = palette::accent});
         sheet.collectPoints(stage, views);

@@ -15,6 +15,7 @@ namespace vorna {
 // The views that show a pathway, by their names.
 struct MeridianViews {
     std::vector<std::string> figures; // one or two
+    std::string inset;                // small between two figures; empty: none
     std::vector<std::string> parts;   // together they show every point
 };
 

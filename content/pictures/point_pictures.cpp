@@ -129,7 +129,9 @@ void PointPainter::drawCourse(Canvas& canvas) const {
 }
 
 void PointPainter::drawFigure(Canvas& canvas) {
-    const QRectF room = figureRoom(canvas.mark, canvas.places);
+    LabelPlaces places = canvas.places;
+    places.avoidLandmarks(canvas.stage);
+    const QRectF room = figureRoom(canvas.mark, places);
     canvas.figure = room;
     canvas.places.keepFree(room);
     QPainter& painter = canvas.painter;

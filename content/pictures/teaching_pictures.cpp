@@ -10,6 +10,9 @@
 #include <QFontMetricsF>
 #include <QLineF>
 
+#include <array>
+#include <cmath>
+
 namespace vorna {
 namespace {
 
@@ -49,11 +52,9 @@ void drawLine(QPainter& painter, const Line& line, double room = 0) {
     if (room > 0 && width > room)
         font = pictureFont(line.height * room / width, line.bold);
     const QFontMetricsF metrics(font);
-    painter.setFont(font);
-    painter.setPen(line.colour);
-    painter.drawText(line.middle + QPointF(-metrics.horizontalAdvance(line.text) / 2,
-                                           (metrics.ascent() - metrics.descent()) / 2),
-                     line.text);
+    const QPointF base = line.middle + QPointF(-metrics.horizontalAdvance(line.text) / 2,
+                                               (metrics.ascent() - metrics.descent()) / 2);
+    drawLetters(painter, {.text = line.text, .font = font, .base = base, .colour = line.colour});
 }
 
 void drawNode(QPainter& painter, const QPointF& at, double radius, int element) {
@@ -90,10 +91,10 @@ void drawLegend(QPainter& painter, const QPointF& at, const QString& word, const
     QPainterPath arrow(at);
     arrow.lineTo(at + QPointF(90, 0));
     drawArrow(painter, arrow, {.width = 8, .colour = colour});
-    const QFont font = pictureFont(34, false);
-    painter.setFont(font);
-    painter.setPen(palette::ink);
-    painter.drawText(at + QPointF(130, 12), word);
+    drawLetters(painter, {.text = word,
+                          .font = pictureFont(34, false),
+                          .base = at + QPointF(130, 12),
+                          .colour = palette::ink});
 }
 
 } // namespace
@@ -137,17 +138,44 @@ std::vector<std::string> meridiansOf(const ReferenceTexts& texts, bool yang) {
     return found;
 }
 
-// Both sides where the view shows both, the left one with the name at the middle of its course.
+struct CourseName {
+    QString text;
+    QPainterPath course;
+    QColor colour;
+};
+
+// At the middle of the course or, where there is more room, somewhat before or behind it, or at an
+// end.
+void drawName(QPainter& painter, LabelPlaces& places, const CourseName& name) {
+    const QFont font = pictureFont(25, true);
+    const QRectF extent = bareExtent(name.text, font);
+    constexpr double middle = 0.5;
+    constexpr double wandering = 6; // the drawback of a whole course's length
+    constexpr std::array shares{middle, 0.45, 0.55, 0.4, 0.6, 0.35, 0.65, 0.0, 1.0};
+    std::vector<LabelPlaces::Wish> wishes;
+    wishes.reserve(shares.size());
+    for (const double share : shares)
+        wishes.push_back({.at = name.course.pointAtPercent(share),
+                          .radius = 8,
+                          .extent = extent,
+                          .preferred = 0,
+                          .drawback = wandering * std::abs(share - middle)});
+    const LabelPlaces::Choice found = places.takeOneOf(wishes);
+    drawLeader(painter, {.from = wishes[found.wish].at,
+                         .radius = 2,
+                         .to = extent.translated(found.middle),
+                         .width = 2,
+                         .colour = name.colour});
+    drawLabel(painter,
+              {.text = name.text, .font = font, .middle = found.middle, .colour = name.colour});
+}
+
+// Both sides where the view shows both, the left one with its name.
 void drawCourses(QPainter& painter, const Stage& stage, const Vocabulary& words, bool yang) {
     drawView(painter, stage, 2.6);
     LabelPlaces places(stage.target);
-    const QFont font = pictureFont(25, true);
-    struct Name {
-        QString text;
-        QPointF at;
-        QColor colour;
-    };
-    std::vector<Name> courseNames;
+    constexpr double otherCourses = 4; // under a name they would be taken for its own
+    std::vector<CourseName> courseNames;
     painter.save();
     painter.setClipRect(stage.target);
     for (const std::string& meridian : meridiansOf(words.texts, yang)) {
@@ -159,30 +187,21 @@ void drawCourses(QPainter& painter, const Stage& stage, const Vocabulary& words,
             .width = 5, .arrowEvery = 190, .colour = elementColour(own.element)};
         const QPainterPath course = stage.transform().map(found->second);
         drawPathway(painter, course, style);
-        places.avoid(course);
-        courseNames.push_back(
-            {words.label(own), course.pointAtPercent(0.5), elementInk(own.element)});
+        places.avoid(course, otherCourses);
+        courseNames.push_back({words.label(own), course, elementInk(own.element)});
         if (stage.view.name == "body_side" || own.element == 0)
             continue;
         const Stage other{.view = stage.view,
                           .part = stage.part,
                           .target = stage.target,
                           .mirrored = !stage.mirrored};
-        drawPathway(painter, other.transform().map(found->second), style);
+        const QPainterPath otherCourse = other.transform().map(found->second);
+        drawPathway(painter, otherCourse, style);
+        places.avoid(otherCourse, otherCourses);
     }
     painter.restore();
-    for (const Name& name : courseNames) {
-        const QRectF extent = bareExtent(name.text, font);
-        const QPointF middle =
-            places.take({.at = name.at, .radius = 8, .extent = extent, .preferred = 0});
-        drawLeader(painter, {.from = name.at,
-                             .radius = 2,
-                             .to = extent.translated(middle),
-                             .width = 2,
-                             .colour = name.colour});
-        drawLabel(painter,
-                  {.text = name.text, .font = font, .middle = middle, .colour = name.colour});
-    }
+    for (const CourseName& name : courseNames)
+        drawName(painter, places, name);
 }
 
 } // namespace

@@ -68,7 +68,8 @@ QWidget* HelpView::makeSide(const Texts& texts) {
     side->setLayout(lines);
     auto* const line = row(8);
     QPushButton* const back = button("back");
-    back->setAccessibleName("←");
+    back->setAccessibleName(texts("help.back"));
+    back->setToolTip(back->accessibleName());
     back->setEnabled(false);
     connect(back, &QPushButton::clicked, pages_, &QTextBrowser::backward);
     connect(pages_, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);

@@ -124,6 +124,8 @@ QWidget* pointColumn(const PageParts& parts) {
                     tableColumn(3, 100)};
     form.columns[0].icon = true;
     form.columns[0].buttonIcon = "plus";
+    form.columns[0].buttonName = parts.texts("DataGrid2.add");
+    form.emptyText = parts.texts("DataGrid2.empty");
     form.columns[1].icon = true;
     form.lines = 2;
     form.rowHeight = 46;

@@ -210,5 +210,59 @@ TEST_F(GuidedRunActionsTest, AStopInTheMiddleOfASoundIsTheEnd) {
     EXPECT_EQ(run.progress.state, PointState::Idle);
 }
 
+TEST_F(GuidedRunActionsTest, AStopUnderANoticeIsTheEnd) {
+    struct Case {
+        const char* rule;
+        const char* startIndex;
+        Button& begin;
+        bool skips;
+        const char* notice;
+        PointState during;
+    };
+    const Case cases[] = {
+        {"a single point", "1", run.preparePoint, false, "t40", PointState::Done},
+        {"a skipped point", "3", run.start, true, "Data uložena", PointState::Waiting},
+        {"a point of a run", "3", run.start, false, "t40", PointState::Done},
+        {"the last point", "24", run.start, false, "t40", PointState::Done},
+    };
+    for (const Case& c : cases) {
+        run.startIndex.text = c.startIndex;
+        c.begin.click();
+        lift(2);
+        touch(900, c.skips ? 3 : 41);
+        desk.takeShown();
+        Timer stop(desk.seams.loop, std::chrono::milliseconds{c.skips ? 500 : tickMs + 1500},
+                   Timer::Kind::OneShot, [&] {
+                       EXPECT_EQ(run.progress.state, c.during) << c.rule;
+                       run.stop.click();
+                   });
+        stop.start();
+        if (c.skips)
+            box(1).enterPressed();
+        desk.pass(10'000);
+        EXPECT_THAT(desk.takeShown(),
+                    ElementsAre(std::string("notice: ") + c.notice, "notice: t37"))
+            << c.rule;
+        EXPECT_EQ(std::to_string(current()), c.startIndex) << c.rule << ": no next point";
+        EXPECT_EQ(run.progress.state, PointState::Idle) << c.rule;
+        EXPECT_FALSE(desk.link.parserRunning()) << c.rule;
+    }
+}
+
+TEST(PointProgressTest, HowMuchOfAPointIsHeld) {
+    Window window("pruv1frm");
+    PointProgress progress(window, "PointProgress1");
+    struct Case {
+        int held, needed;
+        double share;
+    };
+    for (const Case& c : {Case{0, 40, 0}, Case{10, 40, 0.25}, Case{41, 40, 1}, Case{0, 0, 0},
+                          Case{1, 0, 1}, Case{1, -1, 1}}) {
+        progress.contactCount = static_cast<std::int16_t>(c.held);
+        progress.contactNeeded = static_cast<std::int16_t>(c.needed);
+        EXPECT_EQ(progress.heldShare(), c.share) << c.held << " of " << c.needed;
+    }
+}
+
 } // namespace
 } // namespace vorna

@@ -1,5 +1,6 @@
 // Places of labels among dots, leaders, courses and the lines of a drawing.
 #include "content/pictures/label_places.h"
+#include "platform/failure.h"
 
 #include <gtest/gtest.h>
 
@@ -121,7 +122,41 @@ TEST_P(LabelPlacesOnDrawing, LeaveLandmarksToBeSeen) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Layers, LabelPlacesOnDrawing,
-                         testing::Values(Layer::Nails, Layer::Form, Layer::Skin));
+                         testing::Values(Layer::Nails, Layer::Landmarks, Layer::Form, Layer::Skin));
+
+TEST(LabelPlaces, OneOfSeveralPlacesIsNamedByItsDrawbackAndTheRoom) {
+    const QRectF room(0, 0, 600, 600);
+    const auto wish = [](const QPointF& at, double drawback) {
+        return LabelPlaces::Wish{
+            .at = at, .radius = dotRadius, .extent = extent, .preferred = 0, .drawback = drawback};
+    };
+    const std::vector wishes{wish({150, 300}, 1), wish({450, 300}, 0.5)};
+    LabelPlaces free(room);
+    EXPECT_EQ(free.takeOneOf(wishes).wish, 1U);
+
+    LabelPlaces crowded(room);
+    crowded.keepFree({350, 200, 250, 200});
+    const LabelPlaces::Choice choice = crowded.takeOneOf(wishes);
+    EXPECT_EQ(choice.wish, 0U);
+    EXPECT_LT(distance(wishes[0].at, extent.translated(choice.middle)), led);
+    EXPECT_THROW(static_cast<void>(crowded.takeOneOf({})), Failure);
+}
+
+TEST(LabelPlaces, ACourseThatCountsSeveralTimesIsKeptFreeSooner) {
+    QPainterPath course(QPointF(330, 0));
+    course.lineTo(330, 600);
+    const LabelPlaces::Wish wish{
+        .at = {300, 300}, .radius = dotRadius, .extent = extent, .preferred = 0};
+    constexpr double times = 4;
+    LabelPlaces once(QRectF(0, 0, 600, 600));
+    LabelPlaces often = once;
+    once.avoid(course);
+    often.avoid(course, times);
+    const QRectF beside = extent.translated(330, 300);
+    EXPECT_GT(once.cost(beside), 0);
+    EXPECT_NEAR(often.cost(beside), times * once.cost(beside), 1e-6);
+    EXPECT_FALSE(course.intersects(extent.translated(often.take(wish))));
+}
 
 TEST(InkMap, CountsStepsOfLinesAndInsidesUnderBoxesAndLines) {
     InkMap ink(QRectF(100, 0, 300, 300));
