@@ -72,6 +72,19 @@ void nastavJazyk(Database& database, std::int16_t language) {
     transaction.commit();
 }
 
+ReferenceReading::ReferenceReading(Session& session) {
+    attempt([&] {
+        Database& database = referenceDatabase(session);
+        database.executeScript("begin");
+        database_ = &database;
+    });
+}
+
+ReferenceReading::~ReferenceReading() {
+    if (database_ != nullptr)
+        attempt([&] { database_->executeScript("commit"); });
+}
+
 std::string vratSkelet(Session& session, std::int64_t id) {
     return firstRow(referenceDatabase(session), "select * from Skelet where ID = ?", {id},
                     "hodnota");

@@ -18,6 +18,20 @@ inline constexpr std::string_view referencePassword = "dremoKLAT";
 // the language keep theirs. A step that fails is passed over; all that ran take effect together.
 void nastavJazyk(Database& database, std::int16_t language);
 
+// While it lives, all lookups read one state of the database, which saves each of them the look for
+// a writer; whoever wants to write waits. For one evaluation, never while a window is up. Without
+// effect where there is no database.
+class ReferenceReading {
+public:
+    explicit ReferenceReading(Session& session);
+    ReferenceReading(const ReferenceReading&) = delete;
+    ReferenceReading& operator=(const ReferenceReading&) = delete;
+    ~ReferenceReading();
+
+private:
+    Database* database_ = nullptr;
+};
+
 std::string vratSkelet(Session& session, std::int64_t id);
 std::string vratElement(Session& session, std::int64_t id);
 // The special types of a point, joined by ", "; empty when it has none.

@@ -30,6 +30,7 @@ ElementWindow::ElementWindow(EvaluationContext& context) : Window("Form7"), cont
 }
 
 void ElementWindow::load() {
+    const ReferenceReading reading(context_.session);
     attempt([&] {
         const ListRow& row = selectedMeasurement(context_);
         const std::filesystem::path path = selectedMeasurementPath(context_);

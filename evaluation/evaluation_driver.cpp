@@ -1,5 +1,6 @@
 #include "evaluation/evaluation_driver.h"
 
+#include "core/reference_database.h"
 #include "evaluation/balance_window.h"
 #include "evaluation/chart_window.h"
 #include "evaluation/element_chart.h"
@@ -26,6 +27,7 @@ void showChart(EvaluationContext& context, std::int16_t chartType, Builder build
     context.state.chartType = chartType;
     ChartWindow window(context);
     attempt([&] {
+        const ReferenceReading reading(context.session);
         builder(context, window, selectedMeasurementPath(context),
                 selectedMeasurement(context).subItem(kindColumn));
     });
