@@ -98,7 +98,7 @@ Card* practitionerCard(const PageParts& parts) {
 
 QWidget* lineList(const PageParts& parts, ListView& list, const Button& named) {
     TableForm form;
-    form.emptyText = parts.texts((list.name() + ".empty").c_str());
+    form.emptyText = parts.texts(list.name() + ".empty");
     form.columns = {TableColumn{}};
     form.headers = false;
     form.rowHeight = 28;
