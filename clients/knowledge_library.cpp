@@ -52,9 +52,9 @@ std::vector<PointRecord> readAllPoints(Session& session) {
 
 std::vector<PointRecord> readPointsOf(Session& session, const std::string& meridian) {
     Recordset rows = referenceDatabase(session).query(
-        "select Points.Meridian, Points.point, Elements.elementname, Points.pointLong, "
-        "Points.descr,"
-        " Points.Povel from Points inner join Elements on Points.Povel = Elements.id"
+        "select Points.Meridian, Points.point, Elements.elementname, Points.pointLong,"
+        " Points.descr, Points.Povel"
+        " from Points inner join Elements on Points.Povel = Elements.id"
         " where Points.Meridian = ? order by Points.point",
         {meridian});
     std::vector<PointRecord> points;

@@ -137,6 +137,7 @@ int runDesktop(int count, char** arguments) {
     program.start();
     program.show();
     const int exitCode = program.run();
+    application.ended = {}; // the program goes before its application
     return application.failed ? 1 : exitCode;
 }
 

@@ -1,5 +1,6 @@
 #include "desktop/tile.h"
 
+#include "desktop/fitted_label.h"
 #include "desktop/theme.h"
 
 #include <QPainter>
@@ -78,11 +79,8 @@ void KindButton::paintEvent(QPaintEvent*) {
         small ? QRect(edge, circle.bottom(), width() - 2 * edge, height() - circle.bottom() - edge)
               : QRect(2 * gap + side, 0, width() - 2 * gap - side - edge, height());
     const QString word = caption.section('-', 1);
-    for (double size = small ? 14 : 17; size > 8; size -= 0.5) {
-        painter.setFont(sizedFont(size, true));
-        if (painter.fontMetrics().horizontalAdvance(word) <= room.width())
-            break;
-    }
+    const FittedType type{.largest = small ? 14.0 : 17.0, .smallest = 8, .bold = true};
+    painter.setFont(sizedFont(fittingTypeSize(word, type, room.size()), true));
     painter.drawText(
         room, static_cast<int>(small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter), word);
 }

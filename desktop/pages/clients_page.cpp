@@ -59,7 +59,6 @@ QWidget* searchRow(const PageParts& parts) {
     auto* const active = new QCheckBox;
     active->setFocusPolicy(Qt::NoFocus);
     active->setAttribute(Qt::WA_TransparentForMouseEvents);
-    active->setCheckable(true);
     parts.binder.bind(static_cast<Control&>(clients.filterActive), *active);
     parts.binder.onChange(clients.filterActive, [&clients, active] {
         active->setText(qt(clients.filterActive.caption).replace('&', "&&"));
