@@ -218,10 +218,15 @@ void showFlag(const Start& start) {
         flag->visible = flag->index() == start.session.language - 1;
 }
 
+// A help that is in the language already is left as it is: most starts write nothing.
 void copyHelp(const Start& start) {
     attempt([&] {
-        copyFileOver(under(start.session.appFolder, names::helpFile(start.session.language)),
-                     under(start.session.appFolder, names::help));
+        const fs::path target = under(start.session.appFolder, names::help);
+        const std::string help =
+            readWholeFile(under(start.session.appFolder, names::helpFile(start.session.language)));
+        std::string present;
+        if (!attempt([&] { present = readWholeFile(target); }) || present != help)
+            writeFileAtomically(target, help);
     });
 }
 
@@ -235,14 +240,8 @@ void openDatabases(const Start& start) {
         session.referenceDb.emplace(under(session.dataRoot, file), referencePassword);
     });
     attempt([&] { nastavJazyk(referenceDatabase(session), session.language); });
-    attempt([&] {
-        session.clientDb.emplace(under(session.dataRoot, names::clients));
-        session.clientDb->setAlphabet(alphabetOf(session.language));
-    });
-    bindLibrary(session, start.window.library);
+    attempt([&] { session.clientDb.emplace(under(session.dataRoot, names::clients)); });
 }
-
-// ---- Window
 
 void nameCharts(const Start& start) {
     for (const auto& label : start.window.chartLabels.members) {
@@ -252,6 +251,14 @@ void nameCharts(const Start& start) {
             box->caption = label->caption;
     }
 }
+
+void readReferenceTexts(const Start& start) {
+    const ReferenceReading reading(start.session);
+    bindLibrary(start.session, start.window.library);
+    nameCharts(start);
+}
+
+// ---- Window
 
 void readPractitioner(const Start& start) {
     if (const fs::path file = under(start.session.dataRoot, names::user); isMissing(file))
@@ -333,7 +340,7 @@ bool startUp(const StartupFolders& folders, Session& session, MainWindow& window
     copyHelp(start);
     applyLanguage(session, window);
     openDatabases(start);
-    nameCharts(start);
+    readReferenceTexts(start);
     readPractitioner(start);
     std::error_code error; // without the folder the clients' steps fail, each on its own
     fs::create_directories(session.clientsFolder, error);

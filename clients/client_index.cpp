@@ -1,46 +1,65 @@
 #include "clients/client_index.h"
 
 #include "clients/client_record.h"
+#include "platform/alphabet.h"
 #include "platform/failure.h"
 #include "platform/text.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <utility>
 
 namespace vorna {
 namespace {
 
+constexpr const char* clientsById =
+    "select prijmeni, jmeno, narozeni, telefon, zalozeni, intid, id from klienti"
+    " where prijmeni is not null order by id";
+
 ListRow clientRow(const Recordset& row) {
-    return {.text = row.text("prijmeni"),
-            .sub = {row.textOrEmpty("jmeno"),
-                    row.textOrEmpty("narozeni"),
-                    row.textOrEmpty("telefon"),
+    enum Place : std::uint8_t { Surname, FirstName, Born, Telephone, Founded, Intid, Id };
+    return {.text = row.textOrEmpty(Surname),
+            .sub = {row.textOrEmpty(FirstName),
+                    row.textOrEmpty(Born),
+                    row.textOrEmpty(Telephone),
                     {},
-                    withoutSeconds(row.textOrEmpty("zalozeni")),
-                    row.textOrEmpty("intid")},
-            .tag = row.textOrEmpty("id")};
+                    withoutSeconds(row.textOrEmpty(Founded)),
+                    row.textOrEmpty(Intid)},
+            .tag = row.textOrEmpty(Id)};
 }
 
 } // namespace
 
-void ClientIndex::readAgainWhenChanged(Database& database) {
+void ClientIndex::readAgainWhenChanged(Session& session) {
+    Database& database = clientDatabase(session);
     const DatabaseVersion version = database.version();
     if (version_ == version)
         return;
     version_.reset();
     entries_.clear();
-    Recordset clients = database.query("select * from klienti where prijmeni is not null"
-                                       " order by prijmeni collate alphabet, id");
+    const Alphabet alphabet(alphabetOf(session.language));
+    Recordset clients = database.query(clientsById);
+    std::vector<std::pair<std::string, Entry>> placed; // by the place in the alphabet
     // In a damaged table the rows before the damage stay.
     const bool whole = attempt([&] {
-        for (; !clients.atEnd(); clients.moveNext())
-            entries_.push_back(
-                {.row = clientRow(clients), .foldedSurname = foldCase(clients.text("prijmeni"))});
+        for (; !clients.atEnd(); clients.moveNext()) {
+            ListRow row = clientRow(clients);
+            std::string place = alphabet.key(row.text);
+            std::string folded = foldCase(row.text);
+            placed.emplace_back(std::move(place), Entry{std::move(row), std::move(folded)});
+        }
     });
+    std::ranges::stable_sort(placed, {}, &std::pair<std::string, Entry>::first);
+    entries_.reserve(placed.size());
+    for (auto& [place, entry] : placed)
+        entries_.push_back(std::move(entry));
     if (whole)
         version_ = version;
 }
 
-std::vector<ListRow> ClientIndex::matching(Database& database, std::string_view filter) {
+std::vector<ListRow> ClientIndex::matching(Session& session, std::string_view filter) {
     const std::string pattern = foldCase("%" + quotedText(filter) + "%");
-    readAgainWhenChanged(database);
+    readAgainWhenChanged(session);
     std::vector<ListRow> rows;
     for (const Entry& entry : entries_)
         if (matchesWildcards(entry.foldedSurname, pattern, sqlWildcards))

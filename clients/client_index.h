@@ -3,6 +3,7 @@
 // changed the database.
 #pragma once
 
+#include "core/session.h"
 #include "core/window.h"
 #include "platform/database.h"
 
@@ -16,9 +17,9 @@ namespace vorna {
 class ClientIndex {
 public:
     // The rows of the clients whose surname holds the filter anywhere (% and _ are wildcards), all
-    // columns but that of the newest measurement. Failure when the database cannot be read and for
-    // a filter with an unpaired apostrophe.
-    std::vector<ListRow> matching(Database& database, std::string_view filter);
+    // columns but that of the newest measurement, in the order of the language's alphabet. Failure
+    // when the database cannot be read and for a filter with an unpaired apostrophe.
+    std::vector<ListRow> matching(Session& session, std::string_view filter);
 
 private:
     struct Entry {
@@ -26,7 +27,7 @@ private:
         std::string foldedSurname;
     };
 
-    void readAgainWhenChanged(Database& database);
+    void readAgainWhenChanged(Session& session);
 
     std::optional<DatabaseVersion> version_;
     std::vector<Entry> entries_;

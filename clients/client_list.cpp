@@ -41,9 +41,7 @@ void fillClientList(Session& session, ClientListTab& tab) {
         setSubItem(row, ClientColumn::LastVisit,
                    newestMeasurement(session, subItem(row, ClientColumn::Intid)));
     };
-    attempt([&] {
-        tab.list.setRows(tab.index.matching(clientDatabase(session), tab.filter.text.get()));
-    });
+    attempt([&] { tab.list.setRows(tab.index.matching(session, tab.filter.text.get())); });
 }
 
 } // namespace vorna

@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include "platform/text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vorna {
@@ -46,8 +47,8 @@ std::string vratUnik(const Locale& locale, LocalTime now) {
 }
 
 std::string withoutSeconds(std::string_view zalozeni) {
-    return std::string(split(zalozeni, ':').size() == 3 ? withoutLastCharacters(zalozeni, 3)
-                                                        : zalozeni);
+    const bool hasSeconds = std::ranges::count(zalozeni, ':') == 2;
+    return std::string(hasSeconds ? withoutLastCharacters(zalozeni, 3) : zalozeni);
 }
 
 std::filesystem::path clientFolder(const Session& session, std::string_view intid) {

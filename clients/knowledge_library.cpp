@@ -33,17 +33,23 @@ std::vector<MeridianRecord> readMeridians(Session& session) {
     return meridians;
 }
 
+// The columns of a point, at the places where `pointRecord` reads them.
+constexpr std::string_view pointColumns =
+    "select Points.Meridian, Points.point, Points.pointLong, Points.descr, Points.Povel";
+
 PointRecord pointRecord(const Recordset& row, std::string elementname) {
-    return {.meridian = row.textOrEmpty("Meridian"),
-            .point = row.textOrEmpty("point"),
+    enum Place : std::uint8_t { Meridian, Point, PointLong, Descr, Povel };
+    return {.meridian = row.textOrEmpty(Meridian),
+            .point = row.textOrEmpty(Point),
             .elementname = std::move(elementname),
-            .pointLong = row.textOrEmpty("pointLong"),
-            .descr = row.textOrEmpty("descr"),
-            .povel = row.textOrEmpty("Povel")};
+            .pointLong = row.textOrEmpty(PointLong),
+            .descr = row.textOrEmpty(Descr),
+            .povel = row.textOrEmpty(Povel)};
 }
 
 std::vector<PointRecord> readAllPoints(Session& session) {
-    Recordset rows = referenceDatabase(session).query("select * from points order by pointLong");
+    Recordset rows = referenceDatabase(session).query(std::string(pointColumns) +
+                                                      " from Points order by pointLong");
     std::vector<PointRecord> points;
     for (; !rows.atEnd(); rows.moveNext())
         points.push_back(pointRecord(rows, {}));
@@ -52,10 +58,9 @@ std::vector<PointRecord> readAllPoints(Session& session) {
 
 std::vector<PointRecord> readPointsOf(Session& session, const std::string& meridian) {
     Recordset rows = referenceDatabase(session).query(
-        "select Points.Meridian, Points.point, Elements.elementname, Points.pointLong,"
-        " Points.descr, Points.Povel"
-        " from Points inner join Elements on Points.Povel = Elements.id"
-        " where Points.Meridian = ? order by Points.point",
+        std::string(pointColumns) +
+            ", Elements.elementname from Points inner join Elements on Points.Povel = Elements.id"
+            " where Points.Meridian = ? order by Points.point",
         {meridian});
     std::vector<PointRecord> points;
     for (; !rows.atEnd(); rows.moveNext())

@@ -2,48 +2,83 @@
 
 #include "platform/text.h"
 
-#include <array>
+#include <vector>
 
 namespace vorna {
 namespace {
 
-// The steps of the switch. ?1 is the language. The short name is first reset to the language's
-// own, then extended: English names get a blank, all others a slash, the English name and a blank.
+// The steps of the switch. ?1 is the language. Each writes only the rows that are not in it yet, so
+// that a start in the language of the one before leaves the file alone.
+//
+// A short name is first reset to the language's own, then extended: English names get a blank, all
+// others a slash, the English name and a blank. A language without rows resets nothing, and its
+// names are extended every time.
 constexpr const char* resetMeridians =
     R"(update Meridians set meridianName = l."j-meridianName", shortName = l."j-shortName",
          "descr-short" = l."j-descr-short", description = l."j-description"
-       from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = ?1)";
-constexpr const char* extendShortNameByBlank =
-    R"(update Meridians set shortName = coalesce(shortName, '') || ' '
-       from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = 2)";
-constexpr const char* extendShortNameByEnglish =
-    R"(update Meridians set shortName =
-         coalesce(shortName, '') || '/' || coalesce(l."j-shortName", '') || ' '
-       from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = 2)";
-constexpr std::array restOfSwitch{
-    R"(update Elements set elementname = l."j-elementname", elementcolor = l."j-elementcolor"
-       from _elements l where l."j-id" = Elements.id and l.jazyk = ?1)",
-    R"(update EnergyTypes set energy = l."j-energy"
-       from _EnergyTypes l where l."j-id" = EnergyTypes.id and l.jazyk = ?1)",
-    R"(update GrafyTypy set nazevGrafu = l."j-nazevGrafu", nazevSloupce = l."j-nazevSloupce"
-       from _GrafyTypy l where l."j-id" = GrafyTypy.id and l."j-sloupec" = GrafyTypy.sloupec
-         and l.jazyk = ?1)",
-    R"(update Points set descr = l."j-descr"
-       from _Points l where l."j-pointLong" = Points.pointLong and l.jazyk = ?1)",
-    R"(update PointTypes set type = l."j-type"
-       from _pointTypes l where l."j-id" = PointTypes.id and l.jazyk = ?1)",
-    R"(update ProblemTypes set descr = l."j-descr"
-       from _ProblemTypes l where l."j-problem" = ProblemTypes.problem and l.jazyk = ?1)",
-    R"(update Skelet set hodnota = l."j-hodnota"
-       from _skelet l where l."j-ID" = Skelet.ID and l.jazyk = ?1)",
-    R"(update Therapy_APM set text = l."j-text"
-       from _Therapy_APM l where l."j-graf" = Therapy_APM.graf
-         and l."j-column" = Therapy_APM."column" and l.jazyk = ?1)",
-    R"(update Therapy_e set therapyText = l."j-therapyText"
-       from _Therapy_e l where l."j-therapy" = Therapy_e.therapy and l.jazyk = ?1)",
-    R"(update Therapy_m set therapyText = l."j-therapytext", adTherapyText = l."j-adtherapytext"
-       from _Therapy_m l where l."j-therapy" = Therapy_m.therapy and l.jazyk = ?1)",
+       from _Meridians l where l."j-meridian" = Meridians.meridian and l.jazyk = ?1
+         and (Meridians.meridianName is not l."j-meridianName"
+           or Meridians."descr-short" is not l."j-descr-short"
+           or Meridians.description is not l."j-description"
+           or Meridians.shortName is not
+             (select coalesce(l."j-shortName", '') || case ?1 when 2 then ' '
+                     else '/' || coalesce(e."j-shortName", '') || ' ' end
+              from _Meridians e where e."j-meridian" = l."j-meridian" and e.jazyk = 2)))";
+constexpr const char* extendShortNames =
+    R"(update Meridians set shortName = coalesce(Meridians.shortName, '') || case ?1 when 2 then ' '
+                     else '/' || coalesce(e."j-shortName", '') || ' ' end
+       from _Meridians e left join _Meridians own
+         on own."j-meridian" = e."j-meridian" and own.jazyk = ?1
+       where e."j-meridian" = Meridians.meridian and e.jazyk = 2
+         and (own."j-meridian" is null or Meridians.shortName is own."j-shortName"))";
+
+// A plain table, its sister of all languages, and the columns that find and hold a row's texts; a
+// column's name in the sister table has j- in front.
+struct Translation {
+    std::string_view table;
+    std::string_view sister;
+    std::vector<std::string_view> keys;
+    std::vector<std::string_view> texts;
 };
+
+const std::vector<Translation>& translations() {
+    static const std::vector<Translation> all{
+        {"Elements", "_elements", {"id"}, {"elementname", "elementcolor"}},
+        {"EnergyTypes", "_EnergyTypes", {"id"}, {"energy"}},
+        {"GrafyTypy", "_GrafyTypy", {"id", "sloupec"}, {"nazevGrafu", "nazevSloupce"}},
+        {"Points", "_Points", {"pointLong"}, {"descr"}},
+        {"PointTypes", "_pointTypes", {"id"}, {"type"}},
+        {"ProblemTypes", "_ProblemTypes", {"problem"}, {"descr"}},
+        {"Skelet", "_skelet", {"ID"}, {"hodnota"}},
+        {"Therapy_APM", "_Therapy_APM", {"graf", "column"}, {"text"}},
+        {"Therapy_e", "_Therapy_e", {"therapy"}, {"therapyText"}},
+        {"Therapy_m", "_Therapy_m", {"therapy"}, {"therapyText", "adTherapyText"}},
+    };
+    return all;
+}
+
+// Brings the rows of the table that are not in the language into it.
+std::string stepOf(const Translation& translation) {
+    const std::string table(translation.table);
+    const auto quoted = [](const std::string& name) { return "\"" + name + "\""; };
+    const auto here = [&](std::string_view column) {
+        return table + "." + quoted(std::string(column));
+    };
+    const auto there = [&](std::string_view column) {
+        return "l." + quoted("j-" + std::string(column));
+    };
+    std::string set;
+    std::string differs;
+    for (const std::string_view text : translation.texts) {
+        set += (set.empty() ? "" : ", ") + quoted(std::string(text)) + " = " + there(text);
+        differs += (differs.empty() ? "" : " or ") + here(text) + " is not " + there(text);
+    }
+    std::string found = "l.jazyk = ?1";
+    for (const std::string_view key : translation.keys)
+        found += " and " + there(key) + " = " + here(key);
+    return "update " + table + " set " + set + " from " + std::string(translation.sister) +
+           " l where " + found + " and (" + differs + ")";
+}
 
 std::string firstRow(Database& database, std::string_view statement,
                      const std::vector<DatabaseValue>& values, std::string_view column) {
@@ -59,16 +94,13 @@ std::string pointKey(std::string_view text) {
 
 void nastavJazyk(Database& database, std::int16_t language) {
     const std::vector<DatabaseValue> values{std::int64_t{language}};
-    // One transaction: the switch costs one flush to the disk, and a start that is cut off leaves
-    // the previous language whole.
+    // One transaction: the switch costs at most one flush to the disk, and a start that is cut off
+    // leaves the previous language whole.
     Transaction transaction(database);
     attempt([&] { database.execute(resetMeridians, values); });
-    attempt([&] {
-        database.execute(language == languageEnglish ? extendShortNameByBlank
-                                                     : extendShortNameByEnglish);
-    });
-    for (const char* const step : restOfSwitch)
-        attempt([&] { database.execute(step, values); });
+    attempt([&] { database.execute(extendShortNames, values); });
+    for (const Translation& translation : translations())
+        attempt([&] { database.execute(stepOf(translation), values); });
     transaction.commit();
 }
 

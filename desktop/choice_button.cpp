@@ -58,9 +58,8 @@ void ChoiceButton::paintEvent(QPaintEvent*) {
     painter.setPen(ink);
     const int words = painter.fontMetrics().horizontalAdvance(word());
     const QSize sign = plain_ ? QSize(px(24), px(16)) : QSize(px(24), px(24));
-    const QPixmap drawing =
-        plain_ ? QIcon(":/icons/" + sign_ + ".svg").pixmap(sign, devicePixelRatioF())
-               : iconPixmap(sign_, ink, sign.width(), devicePixelRatioF());
+    const QPixmap drawing = plain_ ? drawnIcon(sign_).pixmap(sign, devicePixelRatioF())
+                                   : iconPixmap(sign_, ink, sign.width(), devicePixelRatioF());
     if (above) {
         painter.drawPixmap(QPoint((width() - sign.width()) / 2, px(9)), drawing);
         painter.drawText(QRect(0, px(28), width(), height() - px(30)), Qt::AlignCenter, word());

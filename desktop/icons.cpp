@@ -14,18 +14,20 @@
 namespace vorna {
 namespace {
 
+// In a colour, or in its own where that is none.
 void drawIcon(QPainter& painter, const QString& name, const QColor& colour, const QRectF& place) {
     QFile file(":/icons/" + name + ".svg");
     if (!file.open(QIODevice::ReadOnly))
         return;
     QByteArray drawing = file.readAll();
-    drawing.replace("currentColor", colour.name().toLatin1());
+    if (colour.isValid())
+        drawing.replace("currentColor", colour.name().toLatin1());
     QSvgRenderer(drawing).render(&painter, place);
 }
 
-class LineIcon final : public QIconEngine {
+class DrawnIcon final : public QIconEngine {
 public:
-    LineIcon(QString name, QColor colour) : name_(std::move(name)), colour_(colour) {}
+    DrawnIcon(QString name, QColor colour) : name_(std::move(name)), colour_(colour) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         painter->save();
@@ -41,7 +43,7 @@ public:
         paint(&painter, QRect(QPoint(), size), mode, state);
         return pixmap;
     }
-    [[nodiscard]] QIconEngine* clone() const override { return new LineIcon(name_, colour_); }
+    [[nodiscard]] QIconEngine* clone() const override { return new DrawnIcon(name_, colour_); }
 
 private:
     QString name_;
@@ -51,11 +53,15 @@ private:
 } // namespace
 
 QIcon icon(const QString& name, const QColor& colour) {
-    return QIcon(new LineIcon(name, colour));
+    return QIcon(new DrawnIcon(name, colour));
 }
 
 QIcon icon(const QString& name) {
     return icon(name, theme().ink2);
+}
+
+QIcon drawnIcon(const QString& name) {
+    return icon(name, QColor());
 }
 
 QPixmap iconPixmap(const QString& name, const QColor& colour, int size, double pixelRatio) {

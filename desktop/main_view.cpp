@@ -26,7 +26,7 @@ namespace vorna {
 namespace {
 
 constexpr int widthForIcons = 1000; // pixels of the 15 px body text
-constexpr std::array flagNames{"cs", "en", "de", "ru"};
+constexpr std::array flagNames{"flag-cs", "flag-en", "flag-de", "flag-ru"};
 
 // A round label in the strip.
 class Badge final : public QWidget {
@@ -48,18 +48,24 @@ protected:
     }
 };
 
-QWidget* badge(Binder& binder, Picture& control, const QPixmap& sign, bool withWord) {
+struct Sign {
+    QIcon drawing;
+    QSize size;
+};
+
+QWidget* badge(Binder& binder, Picture& control, const Sign& sign, bool withWord) {
     auto* const made = new Badge;
     auto* const picture = new QLabel;
-    picture->setPixmap(sign);
     made->layout()->addWidget(picture);
     auto* const word = new QLabel(made);
-    word->setFont(sizedFont(13.5, true));
+    word->setFont(sizedFont(13, true));
     setShown(*word, withWord);
     if (withWord)
         made->layout()->addWidget(word);
     binder.bind(static_cast<Control&>(control), *made);
-    binder.onChange(control, [&control, made, word, withWord] {
+    binder.onChange(control, [&control, made, picture, sign, word, withWord] {
+        if (control.visible && picture->pixmap().isNull())
+            picture->setPixmap(sign.drawing.pixmap(sign.size));
         if (withWord)
             word->setText(qt(control.caption));
         made->setToolTip(qt(control.caption));
@@ -88,7 +94,7 @@ MainView::MainView(const Session& session, MainWindow& window)
     binder_.onChange(window.tabs, [this] { showPage(); });
     binder_.windowChanged = [this] { setWindowTitle(qt(window_.caption())); };
     setWindowTitle(qt(window.caption()));
-    setWindowIcon(QIcon(":/icons/vorna.svg"));
+    setWindowIcon(drawnIcon("vorna"));
     addShortcuts();
     const auto pixels = [](float twips) { return static_cast<int>(twips / twipsPerPixel); };
     setGeometry(pixels(window.place.left), pixels(window.place.top), pixels(window.place.width),
@@ -139,14 +145,13 @@ QWidget* MainView::makeBadges() {
     badges->setFixedHeight(px(32));
     auto* const line = row(8);
     badges->setLayout(line);
-    const auto sign = [](const char* name) { return icon(name).pixmap(px(18)); };
+    const auto sign = [](const char* name) { return Sign{icon(name), {px(18), px(18)}}; };
     line->addWidget(badge(binder_, window_.activity, sign("pulse"), false));
     line->addWidget(badge(binder_, window_.apmBadge, sign("star"), true));
     line->addWidget(badge(binder_, window_.tcmBadge, sign("taiji"), true));
     for (const auto& flag : window_.flags.members) {
-        const QString file = QString(":/icons/flag-%1.svg")
-                                 .arg(flagNames.at(static_cast<std::size_t>(flag->index())));
-        line->addWidget(badge(binder_, *flag, QIcon(file).pixmap(px(24), px(16)), false));
+        const char* const name = flagNames.at(static_cast<std::size_t>(flag->index()));
+        line->addWidget(badge(binder_, *flag, {drawnIcon(name), {px(24), px(16)}}, false));
     }
     return badges;
 }

@@ -3,8 +3,10 @@
 #include "desktop/style.h"
 
 #include <QApplication>
-#include <QFontInfo>
+#include <QFontDatabase>
 #include <QPalette>
+#include <QScreen>
+#include <QThreadPool>
 #include <QVariant>
 
 #include <algorithm>
@@ -81,6 +83,18 @@ QColor faded(QColor colour) {
     return colour;
 }
 
+// In pixels, without a look at the installed fonts.
+int sizeOf(const QFont& font) {
+    constexpr double pointsPerInch = 72;
+    if (font.pixelSize() > 0)
+        return font.pixelSize();
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen == nullptr
+               ? 0
+               : static_cast<int>(std::lround(font.pointSizeF() * screen->logicalDotsPerInchY() /
+                                              pointsPerInch));
+}
+
 QPalette paletteOf(const Theme& theme) {
     QPalette palette;
     palette.setColor(QPalette::Window, theme.ground);
@@ -106,6 +120,13 @@ QPalette paletteOf(const Theme& theme) {
     return palette;
 }
 
+// The list of the installed fonts takes as long to read as all that a start does before its first
+// window, which waits for the rest. The application that ends earlier waits as well.
+void readFontsBeside() {
+    qAddPostRoutine([] { QThreadPool::globalInstance()->waitForDone(); });
+    QThreadPool::globalInstance()->start([] { static_cast<void>(QFontDatabase::families()); });
+}
+
 } // namespace
 
 const Theme& theme() {
@@ -114,6 +135,7 @@ const Theme& theme() {
 }
 
 void applyTheme(QApplication& application, ThemeChoice choice) {
+    readFontsBeside();
     constexpr int middleGrey = 128;
     const bool dark = choice == ThemeChoice::FollowDesktop
                           ? application.palette().color(QPalette::Window).lightness() < middleGrey
@@ -121,14 +143,14 @@ void applyTheme(QApplication& application, ThemeChoice choice) {
     application.setProperty(darkProperty, dark);
     QFont font = application.font();
     // The window is read at arm's length: the user's own size counts from 15 pixels on.
-    font.setPixelSize(std::max(static_cast<int>(bodyPixels), QFontInfo(font).pixelSize()));
+    font.setPixelSize(std::max(static_cast<int>(bodyPixels), sizeOf(font)));
     application.setStyle(new VornaStyle);
     application.setPalette(paletteOf(theme()));
     application.setFont(font);
 }
 
 int px(double at15) {
-    const int body = qApp != nullptr ? QFontInfo(qApp->font()).pixelSize() : 0;
+    const int body = qApp != nullptr ? sizeOf(qApp->font()) : 0;
     return static_cast<int>(std::lround(at15 * std::max(body, 1) / bodyPixels));
 }
 

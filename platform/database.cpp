@@ -4,8 +4,6 @@
 #include "platform/text.h"
 
 #include <sqlite3.h>
-#include <unicode/coll.h>
-#include <unicode/unistr.h>
 
 #include <utility>
 
@@ -16,7 +14,6 @@ struct DatabaseConnection {
     std::int64_t number = nextNumber();
     // Prepared statements at rest, by their text: the same lookup runs dozens of times for a chart.
     std::multimap<std::string, sqlite3_stmt*, std::less<>> resting;
-    std::unique_ptr<icu::Collator> collator;
 
     DatabaseConnection() = default;
     DatabaseConnection(const DatabaseConnection&) = delete;
@@ -85,13 +82,6 @@ void likeFunction(sqlite3_context* context, int, sqlite3_value** arguments) {
         !anyNull && matchesWildcards(foldCase(argumentText(arguments[1])),
                                      foldCase(argumentText(arguments[0])), sqlWildcards);
     sqlite3_result_int(context, matches ? 1 : 0);
-}
-
-int compareInAlphabet(void* connection, int lengthA, const void* a, int lengthB, const void* b) {
-    const auto& collator = *static_cast<DatabaseConnection*>(connection)->collator;
-    UErrorCode error = U_ZERO_ERROR;
-    return collator.compareUTF8(icu::StringPiece(static_cast<const char*>(a), lengthA),
-                                icu::StringPiece(static_cast<const char*>(b), lengthB), error);
 }
 
 } // namespace
@@ -165,12 +155,13 @@ std::string Recordset::textAt(int index) const {
 
 std::string Recordset::textOrEmpty(std::string_view column) const {
     std::string value;
-    attempt([&] {
-        const int index = columnIndex(column);
-        if (sqlite3_column_type(handle_, index) != SQLITE_NULL)
-            value = textAt(index);
-    });
+    attempt([&] { value = textOrEmpty(columnIndex(column)); });
     return value;
+}
+
+std::string Recordset::textOrEmpty(int place) const {
+    const bool holdsValue = !atEnd_ && sqlite3_column_type(handle_, place) != SQLITE_NULL;
+    return holdsValue ? textAt(place) : std::string{};
 }
 
 std::int64_t Recordset::number(std::string_view column) const {
@@ -182,13 +173,14 @@ std::int64_t Recordset::number(std::string_view column) const {
 
 Database::Database(const std::filesystem::path& file, std::string_view password, Mode mode)
     : connection_(std::make_unique<DatabaseConnection>()) {
-    const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
+    // Every connection stays in one thread.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
+                      (mode == Mode::Create ? SQLITE_OPEN_CREATE : 0);
     if (sqlite3_open_v2(file.c_str(), &connection_->handle, flags, nullptr) != SQLITE_OK)
         throw Failure("a database does not open");
     sqlite3_busy_timeout(connection_->handle, waitForOthersMs);
     sqlite3_create_function(connection_->handle, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                             nullptr, &likeFunction, nullptr, nullptr);
-    setAlphabet("en");
     // What is deleted is overwritten in the file.
     executeScript("pragma secure_delete = on");
     // The first reading tells a database from any other file.
@@ -226,16 +218,6 @@ DatabaseVersion Database::version() {
     return {.connection = connection_->number,
             .ofOthers = others.number("data_version"),
             .own = sqlite3_total_changes64(connection_->handle)};
-}
-
-void Database::setAlphabet(const std::string& language) {
-    UErrorCode error = U_ZERO_ERROR;
-    connection_->collator.reset(
-        icu::Collator::createInstance(icu::Locale(language.c_str()), error));
-    if (U_FAILURE(error))
-        throw Failure("an alphabet is not at hand");
-    sqlite3_create_collation(connection_->handle, "alphabet", SQLITE_UTF8, connection_.get(),
-                             &compareInAlphabet);
 }
 
 void Database::setPassword(std::string_view password) {

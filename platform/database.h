@@ -49,6 +49,8 @@ public:
     [[nodiscard]] std::string text(std::string_view column) const;
     // Empty for NULL, and where there is no such column.
     [[nodiscard]] std::string textOrEmpty(std::string_view column) const;
+    // The same of the column at a place, from 0 on, where very many rows are read.
+    [[nodiscard]] std::string textOrEmpty(int place) const;
     [[nodiscard]] std::int64_t number(std::string_view column) const;
 
 private:
@@ -93,8 +95,6 @@ public:
     // Differs from an earlier one as soon as anybody has changed a row. Failure when the file
     // cannot be read.
     [[nodiscard]] DatabaseVersion version();
-    // From now on `collate alphabet` sorts as this language does ("cs": ch after h).
-    void setAlphabet(const std::string& language);
     // Makes the file ask for a password when it is opened. It is a gate, not encryption.
     void setPassword(std::string_view password);
 

@@ -33,12 +33,10 @@ std::string withPlainBlanks(icu::UnicodeString text) {
     return utf8Of(text);
 }
 
-// Empty where the generator could not be made.
-std::string bestPattern(icu::DateTimePatternGenerator* generator, const char* skeleton) {
-    if (generator == nullptr)
-        return {};
+// A pattern in the letters of Unicode's date formats.
+std::string bestPattern(icu::DateTimePatternGenerator& generator, const char* skeleton) {
     UErrorCode error = U_ZERO_ERROR;
-    return withPlainBlanks(generator->getBestPattern(icu::UnicodeString(skeleton), error));
+    return withPlainBlanks(generator.getBestPattern(icu::UnicodeString(skeleton), error));
 }
 
 std::string withoutBlanks(std::string text) {
@@ -74,22 +72,23 @@ Locale localeByName(std::string_view name) {
     const icu::DecimalFormatSymbols symbols(locale, error);
     icu::UnicodeString language;
     locale.getDisplayLanguage(icu::Locale::getEnglish(), language);
-    const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
-        icu::DateTimePatternGenerator::createInstance(locale, error));
     using Symbols = icu::DecimalFormatSymbols;
     return {.englishLanguageName = utf8Of(language),
             .decimalSeparator = utf8Of(symbols.getSymbol(Symbols::kDecimalSeparatorSymbol)),
             .groupSeparator = utf8Of(symbols.getSymbol(Symbols::kGroupingSeparatorSymbol)),
-            .datePattern = withoutBlanks(bestPattern(patterns.get(), "yMd")),
-            .timePattern = bestPattern(patterns.get(), "jms"),
             .name = locale.getName()};
 }
 
 std::string defaultDateTimeText(const Locale& locale, LocalTime time) {
     UErrorCode error = U_ZERO_ERROR;
-    const std::string pattern = locale.datePattern + " " + locale.timePattern;
-    icu::SimpleDateFormat format(icu::UnicodeString::fromUTF8(pattern), icuLocale(locale.name),
-                                 error);
+    const icu::Locale place = icuLocale(locale.name);
+    const std::unique_ptr<icu::DateTimePatternGenerator> patterns(
+        icu::DateTimePatternGenerator::createInstance(place, error));
+    if (U_FAILURE(error))
+        throw Failure("the locale's date cannot be written");
+    const std::string pattern =
+        withoutBlanks(bestPattern(*patterns, "yMd")) + " " + bestPattern(*patterns, "jms");
+    icu::SimpleDateFormat format(icu::UnicodeString::fromUTF8(pattern), place, error);
     if (U_FAILURE(error))
         throw Failure("the locale's date cannot be written");
     format.adoptTimeZone(icu::TimeZone::createTimeZone("GMT"));

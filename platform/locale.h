@@ -13,8 +13,6 @@ struct Locale {
     std::string englishLanguageName; // "Czech", "English", ...
     std::string decimalSeparator;    // UTF-8
     std::string groupSeparator;      // UTF-8; empty when the locale has none
-    std::string datePattern;         // in the letters of Unicode's date formats, no blank inside
-    std::string timePattern;         // likewise, with seconds
     std::string name;                // "cs_CZ"
 };
 

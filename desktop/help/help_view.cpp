@@ -35,7 +35,7 @@ HelpView::HelpView(const Session& session, const Window& section, const std::fil
     : book_(file) {
     const Texts texts(session, section);
     setWindowTitle(QString("VORNA – %1").arg(texts.message("t122")));
-    setWindowIcon(QIcon(":/icons/vorna.svg"));
+    setWindowIcon(drawnIcon("vorna"));
     pages_ = new HelpPages(book_);
     pages_->setAccessibleName(texts.message("t122"));
     pages_->shown = [this](const std::string& topic) { markInContents(topic); };

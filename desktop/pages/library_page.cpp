@@ -1,4 +1,5 @@
 #include "desktop/card.h"
+#include "desktop/icons.h"
 #include "desktop/list_table.h"
 #include "desktop/pages/pages.h"
 #include "desktop/picture_view.h"
@@ -161,7 +162,7 @@ QWidget* pointColumn(const PageParts& parts) {
 // A small picture with its name below, which opens the large one.
 QWidget* teachingPicture(const PageParts& parts, Picture& control, const QString& drawing) {
     auto* const made = new QPushButton;
-    made->setIcon(QIcon(":/icons/" + drawing + ".svg"));
+    made->setIcon(drawnIcon(drawing));
     made->setIconSize({px(64), px(64)});
     made->setMinimumHeight(px(104));
     made->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -1,5 +1,6 @@
 #include "desktop/card.h"
 #include "desktop/choice_button.h"
+#include "desktop/icons.h"
 #include "desktop/list_table.h"
 #include "desktop/pages/free_measurement_frame.h"
 #include "desktop/pages/pages.h"
@@ -193,7 +194,7 @@ QWidget* settingsFrame(const PageParts& parts) {
 QWidget* aboutFrame(const PageParts& parts) {
     auto* const card = new Card("info", parts.texts("aboutFrame.caption"));
     auto* const sign = new QLabel;
-    sign->setPixmap(QIcon(":/icons/vorna.svg").pixmap(px(96)));
+    sign->setPixmap(drawnIcon("vorna").pixmap(px(96)));
     auto* const name = new QLabel("VORNA");
     name->setFont(sizedFont(34, true));
     auto* const version = new QLabel;

@@ -207,6 +207,8 @@ CREATE TABLE Therapy_m (
 CREATE INDEX Therapy_mByProblem ON Therapy_m (pkproblem);
 
 -- The texts of all languages --------------------------------------------------------------------
+--
+-- Without row numbers the rows of a language lie side by side: a start reads its own only.
 
 CREATE TABLE _Meridians (
     jazyk           INTEGER NOT NULL,
@@ -217,7 +219,7 @@ CREATE TABLE _Meridians (
     "j-descr-short" TEXT,
     "j-description" TEXT,
     PRIMARY KEY (jazyk, "j-meridian")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _elements (
     jazyk            INTEGER NOT NULL,
@@ -225,14 +227,14 @@ CREATE TABLE _elements (
     "j-elementname"  TEXT,
     "j-elementcolor" TEXT,
     PRIMARY KEY (jazyk, "j-id")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _EnergyTypes (
     jazyk      INTEGER NOT NULL,
     "j-id"     INTEGER NOT NULL REFERENCES EnergyTypes (id) DEFERRABLE INITIALLY DEFERRED,
     "j-energy" TEXT,
     PRIMARY KEY (jazyk, "j-id")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _GrafyTypy (
     jazyk            INTEGER NOT NULL,
@@ -243,7 +245,7 @@ CREATE TABLE _GrafyTypy (
     PRIMARY KEY (jazyk, "j-id", "j-sloupec"),
     FOREIGN KEY ("j-id", "j-sloupec") REFERENCES GrafyTypy (id, sloupec)
         DEFERRABLE INITIALLY DEFERRED
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _Points (
     jazyk         INTEGER NOT NULL,
@@ -251,14 +253,14 @@ CREATE TABLE _Points (
                   REFERENCES Points (pointLong) DEFERRABLE INITIALLY DEFERRED,
     "j-descr"     TEXT,
     PRIMARY KEY (jazyk, "j-pointLong")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _pointTypes (
     jazyk    INTEGER NOT NULL,
     "j-id"   INTEGER NOT NULL REFERENCES PointTypes (id) DEFERRABLE INITIALLY DEFERRED,
     "j-type" TEXT,
     PRIMARY KEY (jazyk, "j-id")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _ProblemTypes (
     jazyk       INTEGER NOT NULL,
@@ -266,14 +268,14 @@ CREATE TABLE _ProblemTypes (
                 REFERENCES ProblemTypes (problem) DEFERRABLE INITIALLY DEFERRED,
     "j-descr"   TEXT,
     PRIMARY KEY (jazyk, "j-problem")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _skelet (
     jazyk       INTEGER NOT NULL,
     "j-ID"      INTEGER NOT NULL REFERENCES Skelet (ID) DEFERRABLE INITIALLY DEFERRED,
     "j-hodnota" TEXT,
     PRIMARY KEY (jazyk, "j-ID")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _Therapy_APM (
     jazyk      INTEGER NOT NULL,
@@ -283,7 +285,7 @@ CREATE TABLE _Therapy_APM (
     PRIMARY KEY (jazyk, "j-graf", "j-column"),
     FOREIGN KEY ("j-graf", "j-column") REFERENCES Therapy_APM (graf, "column")
         DEFERRABLE INITIALLY DEFERRED
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _Therapy_e (
     jazyk           INTEGER NOT NULL,
@@ -291,7 +293,7 @@ CREATE TABLE _Therapy_e (
                     REFERENCES Therapy_e (therapy) DEFERRABLE INITIALLY DEFERRED,
     "j-therapyText" TEXT,
     PRIMARY KEY (jazyk, "j-therapy")
-);
+) WITHOUT ROWID;
 
 CREATE TABLE _Therapy_m (
     jazyk             INTEGER NOT NULL,
@@ -300,7 +302,7 @@ CREATE TABLE _Therapy_m (
     "j-therapytext"   TEXT,
     "j-adtherapytext" TEXT,
     PRIMARY KEY (jazyk, "j-therapy")
-);
+) WITHOUT ROWID;
 
 -- Stored queries --------------------------------------------------------------------------------
 

@@ -17,7 +17,6 @@ struct ClientDesk {
     explicit ClientDesk(std::int16_t language = languageCzech) {
         place.session.language = language;
         place.openClients();
-        place.session.clientDb->setAlphabet(alphabetOf(language));
         place.folder.write("installation/lang1.ini",
                            "[other]\nT1=saved\nt19=\"delete \"\nt20=deleted\nt144=full\n");
         place.folder.write("VORNA/user.ini", "[Global]\nname=Dvořák\npozx=15\n");

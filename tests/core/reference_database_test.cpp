@@ -68,6 +68,22 @@ TEST_F(ReferenceDatabaseTest, TheSwitchReachesEveryTableAndKeepsWhatHasNoText) {
         EXPECT_EQ(first(std::string("select ") + query), expected) << query;
 }
 
+TEST_F(ReferenceDatabaseTest, ASwitchToTheLanguageThatIsThereWritesNothing) {
+    Database& database = referenceDatabase(session);
+    for (const std::int16_t language : {languageCzech, languageEnglish}) {
+        nastavJazyk(database, language);
+        const DatabaseVersion switched = database.version();
+        nastavJazyk(database, language);
+        EXPECT_EQ(database.version(), switched) << language;
+    }
+    nastavJazyk(database, languageCzech);
+    database.execute("update Meridians set shortName = 'x' where meridian = '01'");
+    database.execute("update Skelet set hodnota = 'x' where ID = 10");
+    nastavJazyk(database, languageCzech);
+    EXPECT_EQ(first("select shortName x from Meridians where meridian = '01'"), "P/LU ");
+    EXPECT_NE(first("select hodnota x from Skelet where ID = 10"), "x") << "what differs is mended";
+}
+
 TEST_F(ReferenceDatabaseTest, AFailingStepOfTheSwitchIsPassedOver) {
     referenceDatabase(session).executeScript("drop table _elements; drop table _skelet");
     nastavJazyk(referenceDatabase(session), languageEnglish);

@@ -191,16 +191,5 @@ TEST_F(DatabaseTest, LikeKnowsUnicodeCaseAndCountsCharacters) {
     EXPECT_EQ(all(database, "select a from t where a like '%%'"), "") << "NULL is like nothing";
 }
 
-TEST_F(DatabaseTest, TheAlphabetIsThatOfTheLanguage) {
-    Database database = make();
-    database.executeScript(
-        "create table t (a); insert into t values ('Ivan'), ('Žák'), ('Chalupa'),"
-        "('hůl'), ('Cibulka'), ('Zeman'), ('Čáp'), ('Hora'), ('chata')");
-    constexpr const char* statement = "select a from t order by a collate alphabet";
-    EXPECT_EQ(all(database, statement), "Čáp Chalupa chata Cibulka Hora hůl Ivan Žák Zeman");
-    database.setAlphabet("cs");
-    EXPECT_EQ(all(database, statement), "Cibulka Čáp Hora hůl Chalupa chata Ivan Zeman Žák");
-}
-
 } // namespace
 } // namespace vorna
