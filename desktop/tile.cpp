@@ -4,6 +4,7 @@
 #include "desktop/theme.h"
 
 #include <QPainter>
+#include <QStyle>
 #include <QSvgRenderer>
 #include <QTextLayout>
 
@@ -59,8 +60,8 @@ void KindButton::paintEvent(QPaintEvent*) {
     const Theme& t = theme();
     QPainter painter(this);
     drawTile(painter, *this);
-    QString caption = text();
-    caption.remove('&');
+    const bool underline = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
+    const int letterKey = underline ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
     // In a narrow window the letter stands above its word.
     const bool small = width() < px(150);
     const int side = px(small ? 28 : 42);
@@ -72,17 +73,17 @@ void KindButton::paintEvent(QPaintEvent*) {
     painter.drawEllipse(circle);
     painter.setPen(t.softInk);
     painter.setFont(sizedFont(small ? 15 : 21, true));
-    painter.drawText(circle, Qt::AlignCenter, caption.section('-', 0, 0));
+    painter.drawText(circle, Qt::AlignCenter | letterKey, text().section('-', 0, 0));
     painter.setPen(t.ink);
     const int edge = px(4);
     const QRect room =
         small ? QRect(edge, circle.bottom(), width() - 2 * edge, height() - circle.bottom() - edge)
               : QRect(2 * gap + side, 0, width() - 2 * gap - side - edge, height());
-    const QString word = caption.section('-', 1);
+    const QString word = text().section('-', 1);
     const FittedType type{.largest = small ? 14.0 : 17.0, .smallest = 8, .bold = true};
-    painter.setFont(sizedFont(fittingTypeSize(word, type, room.size()), true));
-    painter.drawText(
-        room, static_cast<int>(small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter), word);
+    painter.setFont(sizedFont(fittingTypeSize(QString(word).remove('&'), type, room.size()), true));
+    const auto place = small ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+    painter.drawText(room, static_cast<int>(place) | letterKey, word);
 }
 
 ChartTile::ChartTile(const QString& drawing, QWidget* parent)
