@@ -13,7 +13,8 @@
 namespace vorna {
 namespace {
 
-// The source line of every row in the database, by folded table name and row id.
+// The source line of every row of the plain tables, by folded table name and row id. A row of a
+// sister table refers to the plain row of its own line only.
 using RowPlaces = std::map<std::pair<std::string, std::int64_t>, SourcePlace>;
 
 struct SchemaColumn {
@@ -160,6 +161,8 @@ private:
         if (!attempt([&] { database_.execute(insertStatement(table), values); }))
             failAt(place, "the row does not fit table " + table.name +
                               ": a value is missing or out of range, or the key stands twice");
+        if (language != untranslated)
+            return;
         const std::int64_t id = database_.query("select last_insert_rowid() as id").number("id");
         places_.emplace(std::pair{foldCase(table.name), id}, place);
     }

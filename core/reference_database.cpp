@@ -11,8 +11,8 @@ namespace {
 // that a start in the language of the one before leaves the file alone.
 //
 // A short name is first reset to the language's own, then extended: English names get a blank, all
-// others a slash, the English name and a blank. A language without rows resets nothing, and its
-// names are extended every time.
+// others a slash, the English name and a blank. Where nothing was reset, for want of a row or
+// because that step failed (then ?2 is 0), the name is extended every time.
 constexpr const char* resetMeridians =
     R"(update Meridians set meridianName = l."j-meridianName", shortName = l."j-shortName",
          "descr-short" = l."j-descr-short", description = l."j-description"
@@ -20,17 +20,19 @@ constexpr const char* resetMeridians =
          and (Meridians.meridianName is not l."j-meridianName"
            or Meridians."descr-short" is not l."j-descr-short"
            or Meridians.description is not l."j-description"
-           or Meridians.shortName is not
+           or Meridians.shortName is not coalesce(
              (select coalesce(l."j-shortName", '') || case ?1 when 2 then ' '
                      else '/' || coalesce(e."j-shortName", '') || ' ' end
-              from _Meridians e where e."j-meridian" = l."j-meridian" and e.jazyk = 2)))";
+              from _Meridians e where e."j-meridian" = l."j-meridian" and e.jazyk = 2),
+             l."j-shortName")))";
 constexpr const char* extendShortNames =
     R"(update Meridians set shortName = coalesce(Meridians.shortName, '') || case ?1 when 2 then ' '
                      else '/' || coalesce(e."j-shortName", '') || ' ' end
        from _Meridians e left join _Meridians own
          on own."j-meridian" = e."j-meridian" and own.jazyk = ?1
        where e."j-meridian" = Meridians.meridian and e.jazyk = 2
-         and (own."j-meridian" is null or Meridians.shortName is own."j-shortName"))";
+         and (not ?2 or own."j-meridian" is null
+           or Meridians.shortName is own."j-shortName"))";
 
 // A plain table, its sister of all languages, and the columns that find and hold a row's texts; a
 // column's name in the sister table has j- in front.
@@ -97,8 +99,10 @@ void nastavJazyk(Database& database, std::int16_t language) {
     // One transaction: the switch costs at most one flush to the disk, and a start that is cut off
     // leaves the previous language whole.
     Transaction transaction(database);
-    attempt([&] { database.execute(resetMeridians, values); });
-    attempt([&] { database.execute(extendShortNames, values); });
+    const bool reset = attempt([&] { database.execute(resetMeridians, values); });
+    attempt([&] {
+        database.execute(extendShortNames, {std::int64_t{language}, std::int64_t{reset ? 1 : 0}});
+    });
     for (const Translation& translation : translations())
         attempt([&] { database.execute(stepOf(translation), values); });
     transaction.commit();

@@ -14,13 +14,13 @@ namespace vorna {
 
 inline constexpr std::string_view referencePassword = "dremoKLAT";
 
-// Rewrites the plain tables so that they hold the texts of the language. Rows without a text in
+// Brings the plain tables into the language: rows that differ are rewritten, rows without a text in
 // the language keep theirs. A step that fails is passed over; all that ran take effect together.
 void nastavJazyk(Database& database, std::int16_t language);
 
 // While it lives, all lookups read one state of the database, which saves each of them the look for
-// a writer; whoever wants to write waits. For one evaluation, never while a window is up. Without
-// effect where there is no database.
+// a writer; whoever wants to write waits. For one evaluation or a start, never while a window is
+// up. Without effect where there is no database.
 class ReferenceReading {
 public:
     explicit ReferenceReading(Session& session);

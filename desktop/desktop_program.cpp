@@ -1,5 +1,6 @@
 #include "desktop/desktop_program.h"
 
+#include "desktop/font_reading.h"
 #include "desktop/qt_texts.h"
 #include "desktop/theme.h"
 #include "platform/failure.h"
@@ -127,6 +128,7 @@ int runDesktop(int count, char** arguments) {
                         {"data", "The common application data folder.", "folder"},
                         {"theme", "light, dark, or desktop.", "theme", "desktop"}});
     options.process(application);
+    readFontsBeside();
     applyTheme(application, themeOf(options.value("theme")));
     const auto folder = [&](const char* name, std::filesystem::path otherwise) {
         return options.isSet(name) ? std::filesystem::path(options.value(name).toStdU16String())

@@ -17,6 +17,25 @@
 #include <utility>
 
 namespace vorna {
+namespace {
+
+// As high as it is told to be: Qt would measure its captions with every change of the table.
+class FixedHeader final : public QHeaderView {
+public:
+    FixedHeader(int height, QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+        setFixedHeight(height);
+        setFont(sizedFont(13, true));
+        setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        setSectionResizeMode(QHeaderView::Fixed);
+        setMinimumSectionSize(px(20));
+    }
+
+    [[nodiscard]] QSize sizeHint() const override {
+        return {minimumSectionSize(), minimumHeight()};
+    }
+};
+
+} // namespace
 
 class ListTable::Model final : public QAbstractTableModel {
 public:
@@ -85,6 +104,8 @@ private:
 ListTable::ListTable(TableForm form, QWidget* parent)
     : QTreeView(parent), form_(std::move(form)), model_(std::make_unique<Model>(*this)),
       delegate_(std::make_unique<Delegate>(*this)) {
+    setHeader(new FixedHeader(px(36), this));
+    header()->setVisible(form_.headers);
     setModel(model_.get());
     setItemDelegate(delegate_.get());
     setRootIsDecorated(false);
@@ -96,14 +117,6 @@ ListTable::ListTable(TableForm form, QWidget* parent)
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setMouseTracking(true);
     setIndentation(0);
-    header()->setVisible(form_.headers);
-    header()->setSectionsMovable(false);
-    header()->setSectionsClickable(false);
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::Fixed);
-    header()->setMinimumSectionSize(px(20));
-    header()->setFont(sizedFont(13, true));
-    header()->setFixedHeight(px(36));
     setMinimumHeight(px(form_.headers ? 36 : 0) + px(form_.rowHeight));
     new RoundCorners(*this);
 }

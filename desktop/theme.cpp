@@ -3,10 +3,8 @@
 #include "desktop/style.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QPalette>
 #include <QScreen>
-#include <QThreadPool>
 #include <QVariant>
 
 #include <algorithm>
@@ -120,13 +118,6 @@ QPalette paletteOf(const Theme& theme) {
     return palette;
 }
 
-// The list of the installed fonts takes as long to read as all that a start does before its first
-// window, which waits for the rest. The application that ends earlier waits as well.
-void readFontsBeside() {
-    qAddPostRoutine([] { QThreadPool::globalInstance()->waitForDone(); });
-    QThreadPool::globalInstance()->start([] { static_cast<void>(QFontDatabase::families()); });
-}
-
 } // namespace
 
 const Theme& theme() {
@@ -135,7 +126,6 @@ const Theme& theme() {
 }
 
 void applyTheme(QApplication& application, ThemeChoice choice) {
-    readFontsBeside();
     constexpr int middleGrey = 128;
     const bool dark = choice == ThemeChoice::FollowDesktop
                           ? application.palette().color(QPalette::Window).lightness() < middleGrey

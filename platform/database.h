@@ -1,7 +1,6 @@
 // A file-based relational database: opened by path, with a password where the file asks for one,
 // statements with bound values, rows read by column name. Text keys compare without regard to
-// case where the schema says so; `like` follows Unicode case, and the collation `alphabet` the
-// alphabet of the language that was set.
+// case where the schema says so; `like` follows Unicode case. A database stays in one thread.
 //
 // No value from outside is ever joined into a statement. What stays visible is the rule of the
 // joined texts of old: a value with an unpaired apostrophe breaks its statement (`quotedText`).

@@ -208,7 +208,7 @@ CREATE INDEX Therapy_mByProblem ON Therapy_m (pkproblem);
 
 -- The texts of all languages --------------------------------------------------------------------
 --
--- Without row numbers the rows of a language lie side by side: a start reads its own only.
+-- Without row numbers the rows of a language lie side by side, where a start finds its own.
 
 CREATE TABLE _Meridians (
     jazyk           INTEGER NOT NULL,

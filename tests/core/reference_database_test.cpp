@@ -84,6 +84,27 @@ TEST_F(ReferenceDatabaseTest, ASwitchToTheLanguageThatIsThereWritesNothing) {
     EXPECT_NE(first("select hodnota x from Skelet where ID = 10"), "x") << "what differs is mended";
 }
 
+TEST_F(ReferenceDatabaseTest, ANameWithoutAnEnglishOneIsTheLanguagesOwn) {
+    Database& database = referenceDatabase(session);
+    database.execute("delete from _Meridians where jazyk = 2");
+    database.execute("update Meridians set shortName = null");
+    for (int start = 0; start < 2; ++start) {
+        nastavJazyk(database, languageCzech);
+        EXPECT_EQ(first("select shortName x from Meridians where meridian = '01'"), "P");
+    }
+    const DatabaseVersion switched = database.version();
+    nastavJazyk(database, languageCzech);
+    EXPECT_EQ(database.version(), switched);
+}
+
+TEST_F(ReferenceDatabaseTest, WithoutTheFirstStepNamesPileUp) {
+    Database& database = referenceDatabase(session);
+    nastavJazyk(database, languageCzech);
+    database.executeScript("alter table Meridians drop column description");
+    nastavJazyk(database, languageCzech);
+    EXPECT_EQ(first("select shortName x from Meridians where meridian = '01'"), "P/LU /LU ");
+}
+
 TEST_F(ReferenceDatabaseTest, AFailingStepOfTheSwitchIsPassedOver) {
     referenceDatabase(session).executeScript("drop table _elements; drop table _skelet");
     nastavJazyk(referenceDatabase(session), languageEnglish);

@@ -140,6 +140,10 @@ TEST(MeridianTherapy, AFailureKeepsTheRowsBefore) {
         {"a proposal without a text",
          "insert into Therapy_m values (1, 1, 1, 16, 'a', null), (2, 1, 1, 8, 'b', null),"
          " (3, 1, 1, 8, null, null), (4, 1, 1, 8, 'd', null)"},
+        {"a proposal with no way to its point",
+         "pragma ignore_check_constraints = on;"
+         "insert into Therapy_m values (1, 1, 1, 16, 'a', null), (2, 1, 1, 8, 'b', null),"
+         " (3, 1, 9, 8, 'c', null), (4, 1, 1, 8, 'd', null)"},
     };
     for (const auto& [rule, rows] : cases) {
         TherapyDesk desk;
