@@ -8,6 +8,7 @@
 #include "platform/files.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace vorna {
 namespace {
@@ -33,8 +34,8 @@ std::vector<MeridianRecord> readMeridians(Session& session) {
     return meridians;
 }
 
-// The columns of a point, at the places where `pointRecord` reads them.
-constexpr std::string_view pointColumns =
+// Asks for the columns of a point, at the places where `pointRecord` reads them.
+constexpr std::string_view selectPoint =
     "select Points.Meridian, Points.point, Points.pointLong, Points.descr, Points.Povel";
 
 PointRecord pointRecord(const Recordset& row, std::string elementname) {
@@ -48,7 +49,7 @@ PointRecord pointRecord(const Recordset& row, std::string elementname) {
 }
 
 std::vector<PointRecord> readAllPoints(Session& session) {
-    Recordset rows = referenceDatabase(session).query(std::string(pointColumns) +
+    Recordset rows = referenceDatabase(session).query(std::string(selectPoint) +
                                                       " from Points order by pointLong");
     std::vector<PointRecord> points;
     for (; !rows.atEnd(); rows.moveNext())
@@ -58,7 +59,7 @@ std::vector<PointRecord> readAllPoints(Session& session) {
 
 std::vector<PointRecord> readPointsOf(Session& session, const std::string& meridian) {
     Recordset rows = referenceDatabase(session).query(
-        std::string(pointColumns) +
+        std::string(selectPoint) +
             ", Elements.elementname from Points inner join Elements on Points.Povel = Elements.id"
             " where Points.Meridian = ? order by Points.point",
         {meridian});

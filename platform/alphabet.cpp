@@ -21,8 +21,6 @@ Alphabet::Alphabet(const std::string& language) : order_(std::make_unique<Order>
         throw Failure("an alphabet is not at hand");
 }
 
-Alphabet::Alphabet(Alphabet&&) noexcept = default;
-Alphabet& Alphabet::operator=(Alphabet&&) noexcept = default;
 Alphabet::~Alphabet() = default;
 
 std::string Alphabet::key(std::string_view text) const {

@@ -11,8 +11,6 @@ class Alphabet {
 public:
     // By the language's code: in "cs" ch comes after h. Failure when no order is at hand.
     explicit Alphabet(const std::string& language);
-    Alphabet(Alphabet&&) noexcept;
-    Alphabet& operator=(Alphabet&&) noexcept;
     ~Alphabet();
 
     // Texts stand in the order of their keys, compared byte by byte.

@@ -284,9 +284,14 @@ TEST_F(StartupTest, TheHelpOfTheLanguageIsCopied) {
     writeFileAtomically(folders.appFolder / names::helpFile(languageGerman), "deutsch");
     start();
     startWith("Jazyk", "3");
-    EXPECT_EQ(readWholeFile(folders.appFolder / names::help), "deutsch");
+    const fs::path help = folders.appFolder / names::help;
+    EXPECT_EQ(readWholeFile(help), "deutsch");
+    const auto longAgo = fs::last_write_time(help) - std::chrono::hours(1);
+    fs::last_write_time(help, longAgo);
+    startWith("Jazyk", "3");
+    EXPECT_EQ(fs::last_write_time(help), longAgo) << "what is there already is left alone";
     startWith("Jazyk", "9");
-    EXPECT_EQ(readWholeFile(folders.appFolder / names::help), "deutsch") << "there is no ninth";
+    EXPECT_EQ(readWholeFile(help), "deutsch") << "there is no ninth";
 }
 
 TEST_F(StartupTest, TheWindowComesUpWhereItsSettingsSay) {
