@@ -89,7 +89,9 @@ void bindExchange(MainWindow& window, const Clients& clients) {
                 return;
             applyLanguage(clients->session, window.work);
             window.work.follow(clients->platform.loop, button.caption, [&] {
-                ExchangeContext context{.clients = *clients, .progress = &window.work};
+                ExchangeContext context{.clients = *clients,
+                                        .makeArchive = window.makeArchive,
+                                        .progress = &window.work};
                 attempt([&] { operation(context); });
             });
         };

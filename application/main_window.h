@@ -12,6 +12,7 @@
 #include "core/session.h"
 #include "core/window.h"
 #include "evaluation/evaluation_driver.h"
+#include "exchange/archive.h"
 #include "exchange/report.h"
 #include "platform/platform.h"
 
@@ -76,7 +77,8 @@ struct MainWindow final : Window {
     FreeMeasurementTab freeMeasurement{*this};
     SettingsFrames settings{*this};
 
-    WorkWindow work; // of export and import
+    WorkWindow work;          // of export and import
+    ArchiveMaker makeArchive; // for them; set by the program
 
     // Shows a help file; empty where nobody can.
     std::function<void(const std::filesystem::path&)> showHelp;

@@ -6,6 +6,7 @@
 #include "core/settings_file.h"
 #include "exchange/client_export.h"
 #include "exchange/client_import.h"
+#include "exchange/zip/zip_archive.h"
 #include "platform/files.h"
 #include "tool/process.h"
 
@@ -53,7 +54,7 @@ struct Exchanger {
     Platform platform{process.loop,      process.clock,  process.platform.locale, dialogs,
                       process.clipboard, process.opener, process.sound,           process.drawing};
     ClientContext clients = clientContext(process.window, process.session, platform);
-    ExchangeContext context{.clients = clients};
+    ExchangeContext context{.clients = clients, .makeArchive = makeZipArchive};
 };
 
 void writeFile(const fs::path& file, const std::string& bytes) {

@@ -9,8 +9,8 @@
 #include "bench/memory.h"
 #include "core/file_names.h"
 #include "demo/probe_process.h"
+#include "platform/devices/qt_serial_line.h"
 #include "platform/qt/qt_event_loop.h"
-#include "platform/qt/qt_serial_line.h"
 #include "tests/support/scripted_serial_line.h"
 #include "tests/support/test_platform.h"
 

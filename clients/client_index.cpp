@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numeric>
 #include <utility>
 
 namespace vorna {
@@ -39,22 +40,26 @@ void ClientIndex::readAgainWhenChanged(Session& session) {
     entries_.clear();
     const Alphabet alphabet(alphabetOf(session.language));
     Recordset clients = database.query(clientsById);
-    std::vector<std::pair<std::string, Entry>> placed; // by the place in the alphabet
+    std::vector<std::string> places; // in the alphabet
+    std::vector<Entry> unordered;
     // In a damaged table the rows before the damage stay.
     const bool whole = attempt([&] {
         for (; !clients.atEnd(); clients.moveNext()) {
             ListRow row = clientRow(clients);
-            std::string place = alphabet.key(row.text);
             std::string folded = foldCase(row.text);
-            placed.emplace_back(std::move(place), Entry{std::move(row), std::move(folded)});
+            places.push_back(alphabet.key(row.text));
+            unordered.push_back({std::move(row), std::move(folded)});
         }
     });
-    std::ranges::stable_sort(placed, {}, &std::pair<std::string, Entry>::first);
+    std::vector<std::size_t> order(unordered.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::ranges::stable_sort(
+        order, {}, [&](std::size_t row) -> auto& { return places[row]; });
     // Copied and not moved: what the filter walks through lies in the memory in its order, which
     // makes a key stroke among 100,000 clients more than twice as fast.
-    entries_.reserve(placed.size());
-    for (const auto& [place, entry] : placed)
-        entries_.push_back(entry);
+    entries_.reserve(order.size());
+    for (const std::size_t row : order)
+        entries_.push_back(unordered[row]);
     if (whole)
         version_ = version;
 }

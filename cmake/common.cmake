@@ -44,6 +44,11 @@ function(vorna_folder name)
   add_library(Vorna::${name} ALIAS vorna_${name})
   target_link_libraries(vorna_${name} PUBLIC vorna_common ${FOLDER_USES}
                                       PRIVATE ${FOLDER_PRIVATE_USES})
+  # A folder may become part of a shared library, which shows nothing of it.
+  set_target_properties(vorna_${name} PROPERTIES
+    POSITION_INDEPENDENT_CODE ON
+    CXX_VISIBILITY_PRESET hidden
+    VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
 # A program of the product: it stands in the assembled installation folder, whose files it takes as

@@ -2,6 +2,7 @@
 
 #include "desktop/font_reading.h"
 #include "desktop/qt_texts.h"
+#include "desktop/seams/loaded_archive.h"
 #include "desktop/theme.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -61,6 +62,7 @@ DesktopProgram::DesktopProgram(StartupFolders folders)
                                           .measurementList = window_.measurements.list,
                                           .recommend = {}},
       search_(loop_), work_(window_.work) {
+    window_.makeArchive = makeLoadedArchive;
     bindMainWindow(window_, context_, [this] { end(0); });
     measuring_ = std::make_unique<Measuring>(window_, context_,
                                              ProbeSeams{.line = line_, .search = search_});

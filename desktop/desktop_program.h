@@ -8,14 +8,13 @@
 #include "desktop/desktop_windows.h"
 #include "desktop/help/help_view.h"
 #include "desktop/main_view.h"
+#include "desktop/seams/loaded_devices.h"
 #include "desktop/seams/loaded_sound.h"
 #include "desktop/seams/qt_desktop.h"
 #include "desktop/seams/qt_dialogs.h"
 #include "desktop/windows/work_view.h"
-#include "platform/ftdi_device_search.h"
 #include "platform/qt/qt_chart_drawing.h"
 #include "platform/qt/qt_event_loop.h"
-#include "platform/qt/qt_serial_line.h"
 
 #include <QTranslator>
 
@@ -61,8 +60,8 @@ private:
     MainWindow window_;
     DesktopWindows windows_;
     EvaluationContext context_;
-    QtSerialLine line_;
-    FtdiDeviceSearch search_;
+    LoadedSerialLine line_;
+    LoadedDeviceSearch search_;
     std::unique_ptr<Measuring> measuring_;
     std::unique_ptr<QTranslator> textsOfQt_;
     std::unique_ptr<MainView> view_;

@@ -28,7 +28,7 @@ fs::path targetIn(const fs::path& folder, const std::string& name) {
 fs::path run(ExchangeContext& context, const Export& form) {
     Session& session = context.clients.session;
     Dialogs& dialogs = context.clients.platform.dialogs;
-    Archive archive(context.progress);
+    const std::unique_ptr<Archive> archive = context.makeArchive(context.progress);
     removeImportFolder(session);
     const fs::path chosen = dialogs.chooseFolder(t(session, "t9"));
     fs::path source;
@@ -45,15 +45,15 @@ fs::path run(ExchangeContext& context, const Export& form) {
     std::error_code ignored; // what cannot be removed shows when the archive is written
     if (!fs::is_directory(fs::symlink_status(target, ignored)))
         fs::remove(target, ignored);
-    archive.newArchive(target);
-    const bool filled = archive.addFolder(source, true) != 0;
-    if (filled && archive.entryCount() == 0)
+    archive->newArchive(target);
+    const bool filled = archive->addFolder(source, true) != 0;
+    if (filled && archive->entryCount() == 0)
         return {};
-    const bool written = filled && archive.writeArchive() != 0;
+    const bool written = filled && archive->writeArchive() != 0;
     if (written)
         dialogs.message(t(session, form.doneText) + " : " + pathText(target));
-    else if (!archive.cancelled())
-        dialogs.message(archive.lastErrorText());
+    else if (!archive->cancelled())
+        dialogs.message(archive->lastErrorText());
     return written ? target : fs::path{};
 }
 

@@ -89,15 +89,15 @@ std::optional<UnpackedArchive> unpackChosenArchive(ExchangeContext& context) {
     const fs::path file = dialogs.chooseFile({}, t(session, "t11") + " (*.zip)|*.zip");
     if (file.empty())
         return std::nullopt;
-    Archive archive(context.progress);
-    if (archive.openArchive(file) == 1) {
+    const std::unique_ptr<Archive> archive = context.makeArchive(context.progress);
+    if (archive->openArchive(file) == 1) {
         std::optional<UnpackedArchive> unpacked = takeImportFolder(session, dialogs);
-        if (!unpacked || archive.extractAll(unpacked->folder) >= 0)
+        if (!unpacked || archive->extractAll(unpacked->folder) >= 0)
             return unpacked;
         unpacked->remove(session);
     }
-    if (!archive.cancelled())
-        dialogs.message(archive.lastErrorText());
+    if (!archive->cancelled())
+        dialogs.message(archive->lastErrorText());
     return std::nullopt;
 }
 

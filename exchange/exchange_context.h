@@ -2,12 +2,14 @@
 #pragma once
 
 #include "clients/client_operations.h"
+#include "exchange/archive.h"
 #include "exchange/work_progress.h"
 
 namespace vorna {
 
 struct ExchangeContext {
     ClientContext& clients;
+    ArchiveMaker makeArchive;
     WorkProgress* progress = nullptr; // null: nobody looks on, and the work runs to its end
 };
 

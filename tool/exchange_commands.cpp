@@ -1,5 +1,6 @@
 #include "exchange/client_export.h"
 #include "exchange/client_import.h"
+#include "exchange/zip/zip_archive.h"
 #include "platform/files.h"
 #include "tool/command.h"
 
@@ -45,7 +46,7 @@ CommandResult exportClients(const ExportArguments& arguments, const ToolOptions&
         process.selectClient(arguments.client);
     process.dialogs.chosenPath = folder;
     ClientContext clients = clientContext(process.window, process.session, process.platform);
-    ExchangeContext context{.clients = clients};
+    ExchangeContext context{.clients = clients, .makeArchive = makeZipArchive};
     const fs::path archive = arguments.all ? exportGroup(context) : exportClient(context);
     const ordered_json written =
         archive.empty() ? ordered_json(nullptr) : ordered_json(jsonText(pathText(archive)));
@@ -89,7 +90,7 @@ CommandResult importClients(const ImportArguments& arguments, const ToolOptions&
     process.start();
     process.dialogs.chosenPath = import.chosen;
     ClientContext clients = clientContext(process.window, process.session, process.platform);
-    ExchangeContext context{.clients = clients};
+    ExchangeContext context{.clients = clients, .makeArchive = makeZipArchive};
     auto came = ordered_json::array();
     for (const ImportedClient& client : import.run(context))
         came.push_back({{"intid", jsonText(client.intid)}, {"result", wordOf(client.result)}});

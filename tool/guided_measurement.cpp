@@ -2,7 +2,7 @@
 
 #include "acquisition/reading_line.h"
 #include "application/measuring.h"
-#include "platform/qt/qt_serial_line.h"
+#include "platform/devices/qt_serial_line.h"
 #include "tool/command.h"
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The sounds of a measurement, in a library of their own that is loaded with the first one: what it
-// needs of the system takes as long to load as the whole program. Without it there is silence.
+// The sounds of a measurement, by the library `sound`. Without it there is silence.
 #pragma once
 
 #include "platform/dialogs.h"
@@ -13,8 +12,6 @@ public:
     void play(const std::filesystem::path& file, bool wait) override;
 
 private:
-    void load();
-
     bool loaded_ = false;
     std::unique_ptr<Sound> sound_; // null where there is none
 };

@@ -1,6 +1,7 @@
 #include "application/main_window.h"
 #include "application/work_window.h"
 #include "core/file_names.h"
+#include "exchange/zip/zip_archive.h"
 #include "tests/support/no_windows.h"
 #include "tests/support/test_platform.h"
 #include "tests/support/workplace.h"
@@ -84,6 +85,7 @@ struct ExchangeButtons {
                            "[other]\nt9=to\nt10=exported\nt11=zip\nt134=from\nt139=all exported\n"
                            "[workfrm]\nCommand1.caption=Cancel\n");
         fs::create_directories(place.folder / "out");
+        window.makeArchive = makeZipArchive;
         bindMainWindow(window, context, [] {});
         window.clients.search.click();
         selectClientRow(window, 0);

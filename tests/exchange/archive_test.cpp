@@ -1,4 +1,4 @@
-#include "exchange/archive.h"
+#include "exchange/zip/zip_archive.h"
 #include "platform/files.h"
 #include "tests/exchange/exchange_desk.h"
 #include "tests/exchange/zip_maker.h"
@@ -70,7 +70,7 @@ Unpacked unpack(const std::string& bytes, const ArchiveLimits& limits = {}) {
     const ScratchFolder scratch;
     const fs::path file = scratch.write("in/archive.zip", bytes);
     Unpacked result;
-    Archive archive(nullptr, limits);
+    ZipArchive archive(nullptr, limits);
     result.files = archive.openArchive(file) == 1 ? archive.extractAll(scratch / "in/out") : -1;
     result.error = archive.lastErrorText();
     result.tree = treeOf(scratch / "in/out");
@@ -81,7 +81,7 @@ Unpacked unpack(const std::string& bytes, const ArchiveLimits& limits = {}) {
 
 // Packs a folder; the error's text, empty when it was written.
 std::string pack(const fs::path& folder, const fs::path& file) {
-    Archive archive;
+    ZipArchive archive;
     const bool done = archive.newArchive(file) == 1 && archive.addFolder(folder, true) == 1 &&
                       archive.writeArchive() == 1;
     return done ? "" : archive.lastErrorText();
@@ -110,13 +110,13 @@ TEST(ArchiveWriting, WhatIsUnpackedIsTheFolderThatWasPacked) {
     fs::create_symlink(scratch / "source/klient.dat", scratch / "source/link");
     ASSERT_EQ(::mkfifo((scratch / "source/pipe").c_str(), 0600), 0);
 
-    Archive archive;
+    ZipArchive archive;
     ASSERT_EQ(archive.newArchive(scratch / "a.zip"), 1);
     ASSERT_EQ(archive.addFolder(scratch / "source", true), 1);
     EXPECT_EQ(archive.entryCount(), 6) << "files alone";
     EXPECT_FALSE(fs::exists(scratch / "a.zip")) << "nothing is written before the end";
     ASSERT_EQ(archive.writeArchive(), 1) << archive.lastErrorText();
-    Archive again;
+    ZipArchive again;
     ASSERT_EQ(again.openArchive(scratch / "a.zip"), 1) << again.lastErrorText();
     EXPECT_EQ(again.entryCount(), 6);
     ASSERT_EQ(again.extractAll(scratch / "out"), 6) << again.lastErrorText();
@@ -181,7 +181,7 @@ TEST(ArchiveWriting, AFileThatGoesMeanwhileAndAFullDiskLeaveNothing) {
     scratch.write("source/a.txt", std::string(100'000, 'a'));
     scratch.write("source/b.bin", bytesOfHex(writtenByZip));
     {
-        Archive archive;
+        ZipArchive archive;
         archive.newArchive(scratch / "a.zip");
         archive.addFolder(scratch / "source", true);
         fs::remove(scratch / "source/b.bin");
@@ -205,7 +205,7 @@ TEST(ArchiveWriting, ACancelledArchiveIsNone) {
     int calls = 0;
     for (bool written = false; !written && calls < 1000; ++calls) {
         CancelAfter progress(calls);
-        Archive archive(&progress);
+        ZipArchive archive(&progress);
         ASSERT_EQ(archive.newArchive(scratch / "a.zip"), 1);
         written = archive.addFolder(scratch / "source", true) == 1 && archive.writeArchive() == 1;
         if (!written) {
@@ -220,7 +220,7 @@ TEST(ArchiveWriting, ACancelledArchiveIsNone) {
 TEST(ArchiveWriting, AnEmptyFolderHasNoEntries) {
     const ScratchFolder scratch;
     fs::create_directories(scratch / "source/inner");
-    Archive archive;
+    ZipArchive archive;
     archive.newArchive(scratch / "a.zip");
     EXPECT_EQ(archive.addFolder(scratch / "source", true), 1);
     EXPECT_EQ(archive.entryCount(), 0);
@@ -236,7 +236,7 @@ TEST(ArchiveReading, ArchivesOfOtherProgramsAreUnpacked) {
         EXPECT_EQ(result.tree, tree);
     }
     const ScratchFolder scratch;
-    Archive archive;
+    ZipArchive archive;
     ASSERT_EQ(archive.openArchive(scratch.write("a.zip", bytesOfHex(writtenByZip))), 1);
     fs::create_directories(scratch / "out");
     ASSERT_EQ(archive.extractAll(scratch / "out"), 1) << "an existing, emptied folder";
@@ -281,12 +281,12 @@ TEST(ArchiveReading, WhatIsNoSoundArchiveIsNotOpened) {
         {bytesOfHex("504b0506000000000000ffffffffffffffffffff0000"), "damaged or cut short"},
     };
     for (const Case& c : cases) {
-        Archive archive;
+        ZipArchive archive;
         EXPECT_EQ(archive.openArchive(scratch.write("a.zip", c.content)), 0);
         EXPECT_THAT(archive.lastErrorText(), HasSubstr(c.text)) << c.content.size();
         EXPECT_EQ(archive.extractAll(scratch / "out"), -1);
     }
-    Archive archive;
+    ZipArchive archive;
     EXPECT_EQ(archive.openArchive(scratch.path()), 0);
     EXPECT_THAT(archive.lastErrorText(), HasSubstr("it is a folder"));
     EXPECT_EQ(archive.openArchive(scratch / "none.zip"), 0);
@@ -389,7 +389,7 @@ TEST(ArchiveReading, AFullDiskOrACancelLeavesNothing) {
     const fs::path file = scratch.write("a.zip", zipOf(entries));
     {
         const FullDisk disk(150'000);
-        Archive archive;
+        ZipArchive archive;
         ASSERT_EQ(archive.openArchive(file), 1);
         EXPECT_EQ(archive.extractAll(scratch / "out"), -1);
         EXPECT_THAT(archive.lastErrorText(), HasSubstr("cannot be written: the disk is full"));
@@ -397,14 +397,14 @@ TEST(ArchiveReading, AFullDiskOrACancelLeavesNothing) {
     }
     for (int calls = 0; calls < 12; ++calls) {
         CancelAfter progress(calls);
-        Archive archive(&progress);
+        ZipArchive archive(&progress);
         ASSERT_EQ(archive.openArchive(file), 1);
         EXPECT_EQ(archive.extractAll(scratch / "out"), -1) << calls;
         EXPECT_TRUE(archive.cancelled());
         EXPECT_TRUE(treeOf(scratch / "out").empty());
     }
     scratch.write("out/already there", "");
-    Archive archive;
+    ZipArchive archive;
     ASSERT_EQ(archive.openArchive(file), 1);
     EXPECT_EQ(archive.extractAll(scratch / "out"), -1);
     EXPECT_THAT(archive.lastErrorText(), HasSubstr("it is not empty"));
@@ -417,7 +417,7 @@ TEST(ArchiveReading, DamagedArchivesHarmNobody) {
     const ScratchFolder scratch;
     const auto unpackHere = [&](const std::string& bytes) {
         std::ofstream(scratch / "a.zip", std::ios::binary) << bytes;
-        Archive archive;
+        ZipArchive archive;
         const std::int64_t files =
             archive.openArchive(scratch / "a.zip") == 1 ? archive.extractAll(scratch / "out") : -1;
         EXPECT_EQ(treeOf(scratch / "out").empty(), files < 0) << archive.lastErrorText();

@@ -1,5 +1,5 @@
-#include "exchange/archive.h"
 #include "exchange/client_export.h"
+#include "exchange/zip/zip_archive.h"
 #include "tests/exchange/exchange_desk.h"
 
 #include <gmock/gmock.h>
@@ -19,7 +19,7 @@ constexpr const char* folderChooser = "folder:  | where to";
 // What an archive holds.
 Tree contentOf(const ExchangeDesk& desk, const std::string& archive) {
     const fs::path folder = desk.place.folder / "unpacked";
-    Archive reader;
+    ZipArchive reader;
     EXPECT_EQ(reader.openArchive(desk.place.folder / archive), 1) << reader.lastErrorText();
     EXPECT_GE(reader.extractAll(folder), 0) << reader.lastErrorText();
     const Tree tree = treeOf(folder);

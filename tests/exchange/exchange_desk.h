@@ -4,6 +4,7 @@
 
 #include "exchange/client_export.h"
 #include "exchange/client_import.h"
+#include "exchange/zip/zip_archive.h"
 #include "tests/clients/client_desk.h"
 
 #include <map>
@@ -64,7 +65,7 @@ struct ExchangeDesk : ClientDesk {
     // What was shown so far, which is then forgotten.
     Texts takeShown() { return std::exchange(seams.dialogs.shown, {}); }
 
-    ExchangeContext exchange{.clients = context};
+    ExchangeContext exchange{.clients = context, .makeArchive = makeZipArchive};
 };
 
 } // namespace vorna

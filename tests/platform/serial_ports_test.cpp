@@ -1,9 +1,7 @@
-#include "platform/ftdi_device_search.h"
 #include "platform/ftdi_memory.h"
 #include "platform/serial_line.h"
 #include "platform/serial_ports.h"
 #include "platform/simulated_port.h"
-#include "platform/virtual_event_loop.h"
 #include "tests/support/scratch_folder.h"
 
 #include <gmock/gmock.h>
@@ -117,19 +115,6 @@ TEST(FtdiMemory, OfABlankOrDamagedMemoryNothingIsTold) {
             byte = static_cast<std::uint8_t>(random() % 4 == 0 ? 3 : random());
         EXPECT_LE(parseFtdiMemory(memory).serialNumber.size(), 16U * 3);
     }
-}
-
-// Whatever is plugged in here: nothing throws, and what was not opened answers so.
-TEST(FtdiDeviceSearch, AnswersWithoutADevice) {
-    VirtualClock clock{LocalTime{}};
-    VirtualEventLoop loop{clock};
-    FtdiDeviceSearch search(loop);
-    EXPECT_NE(search.readMemory().status, 0);
-    EXPECT_EQ(search.portNumber(), std::nullopt);
-    EXPECT_FALSE(search.close());
-    EXPECT_TRUE(search.open() || search.readMemory().status != 0);
-    static_cast<void>(search.portNumber());
-    static_cast<void>(search.ports());
 }
 
 TEST(SimulatedPort, IsTheTerminalOfTheRunningProgram) {

@@ -2,7 +2,7 @@
 
 #include "core/file_names.h"
 #include "core/reference_database.h"
-#include "exchange/archive.h"
+#include "exchange/zip/zip_archive.h"
 #include "tests/support/workplace.h"
 
 #include <sqlite3.h>
@@ -113,7 +113,7 @@ void readArchive(const fs::path& file, const std::string& name, MachineState& st
     const std::string bytes = readWholeFile(file);
     if (!known.contains(bytes)) {
         const ScratchFolder scratch;
-        Archive archive;
+        ZipArchive archive;
         if (archive.openArchive(file) == 1 && archive.extractAll(scratch / "in") > 0)
             known[bytes] = filesBelow(scratch / "in");
     }
@@ -166,7 +166,9 @@ Program::Program(const Machine& at)
                               .clientList = window.clients.list,
                               .measurementList = window.measurements.list,
                               .recommend = {}},
-      clients(clientContext(window, session, seams.platform)), exchange{.clients = clients} {
+      clients(clientContext(window, session, seams.platform)), exchange{.clients = clients,
+                                                                        .makeArchive =
+                                                                            makeZipArchive} {
     bindMainWindow(window, evaluation, [] {});
 }
 

@@ -1,4 +1,4 @@
-#include "platform/ftdi_device_search.h"
+#include "platform/devices/ftdi_device_search.h"
 
 #include "platform/ftdi_memory.h"
 #include "platform/log.h"

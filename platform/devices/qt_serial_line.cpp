@@ -1,4 +1,4 @@
-#include "platform/qt/qt_serial_line.h"
+#include "platform/devices/qt_serial_line.h"
 
 #include "platform/log.h"
 #include "platform/text.h"

@@ -1,7 +1,7 @@
-#include "exchange/archive.h"
+#include "exchange/zip/zip_archive.h"
 
-#include "exchange/archive_state.h"
-#include "exchange/entry_names.h"
+#include "exchange/zip/archive_state.h"
+#include "exchange/zip/entry_names.h"
 #include "platform/files.h"
 #include "platform/text.h"
 
@@ -250,15 +250,15 @@ std::string zipErrorText(const zip_error_t& error) {
     }
 }
 
-Archive::Archive(WorkProgress* progress, const ArchiveLimits& limits)
+ZipArchive::ZipArchive(WorkProgress* progress, const ArchiveLimits& limits)
     : state_(std::make_unique<ArchiveState>()) {
     state_->progress = progress;
     state_->limits = limits;
 }
 
-Archive::~Archive() = default;
+ZipArchive::~ZipArchive() = default;
 
-int Archive::newArchive(const fs::path& file) {
+int ZipArchive::newArchive(const fs::path& file) {
     ArchiveState& state = *state_;
     state.zip.reset();
     state.file = file;
@@ -277,17 +277,17 @@ int Archive::newArchive(const fs::path& file) {
     return 0;
 }
 
-int Archive::addFolder(const fs::path& folder, bool recursive) {
+int ZipArchive::addFolder(const fs::path& folder, bool recursive) {
     if (!state_->zip) // it failed before, and the text says why
         return 0;
     return addEntries(*state_, folder, {}, recursive);
 }
 
-std::int64_t Archive::entryCount() const {
+std::int64_t ZipArchive::entryCount() const {
     return state_->zip ? zip_get_num_entries(state_->zip.get(), 0) : 0;
 }
 
-int Archive::writeArchive() {
+int ZipArchive::writeArchive() {
     ArchiveState& state = *state_;
     if (!state.zip)
         return 0;
@@ -301,7 +301,7 @@ int Archive::writeArchive() {
     return 1;
 }
 
-int Archive::openArchive(const fs::path& file) {
+int ZipArchive::openArchive(const fs::path& file) {
     ArchiveState& state = *state_;
     state.zip.reset();
     state.file = file;
@@ -329,16 +329,20 @@ int Archive::openArchive(const fs::path& file) {
     return 0;
 }
 
-std::int64_t Archive::extractAll(const fs::path& folder) {
+std::int64_t ZipArchive::extractAll(const fs::path& folder) {
     return state_->zip ? unpackArchive(*state_, folder) : -1;
 }
 
-const std::string& Archive::lastErrorText() const {
+std::string ZipArchive::lastErrorText() const {
     return state_->errorText;
 }
 
-bool Archive::cancelled() const {
+bool ZipArchive::cancelled() const {
     return state_->cancelled;
+}
+
+std::unique_ptr<Archive> makeZipArchive(WorkProgress* progress) {
+    return std::make_unique<ZipArchive>(progress);
 }
 
 } // namespace vorna

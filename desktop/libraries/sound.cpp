@@ -1,5 +1,5 @@
 // What the program finds in this library by its name.
-#include "desktop/sound/qt_sound.h"
+#include "desktop/libraries/qt_sound.h"
 
 #include <QtGlobal>
 

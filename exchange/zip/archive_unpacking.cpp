@@ -1,5 +1,5 @@
-#include "exchange/archive_state.h"
-#include "exchange/entry_names.h"
+#include "exchange/zip/archive_state.h"
+#include "exchange/zip/entry_names.h"
 #include "platform/files.h"
 #include "platform/text.h"
 

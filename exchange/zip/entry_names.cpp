@@ -1,4 +1,4 @@
-#include "exchange/entry_names.h"
+#include "exchange/zip/entry_names.h"
 
 #include "platform/files.h"
 #include "platform/text.h"

@@ -1,6 +1,6 @@
 // Over real pseudo-terminals: the simulated probe's end of one, and this end opened as a port.
 #include "acquisition/reading_line.h"
-#include "platform/qt/qt_serial_line.h"
+#include "platform/devices/qt_serial_line.h"
 #include "probe/pseudo_terminal.h"
 #include "tests/support/scratch_folder.h"
 

@@ -1,4 +1,4 @@
-#include "exchange/archive_sources.h"
+#include "exchange/zip/archive_sources.h"
 
 #include <algorithm>
 #include <array>

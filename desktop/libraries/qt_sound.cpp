@@ -1,4 +1,4 @@
-#include "desktop/sound/qt_sound.h"
+#include "desktop/libraries/qt_sound.h"
 
 #include <QAudioDevice>
 #include <QCoreApplication>

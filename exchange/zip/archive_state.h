@@ -1,8 +1,8 @@
 // What the parts of an archive share: libzip's object, the limits, and the words for what failed.
 #pragma once
 
-#include "exchange/archive.h"
-#include "exchange/archive_sources.h"
+#include "exchange/zip/archive_sources.h"
+#include "exchange/zip/zip_archive.h"
 
 #include <zip.h>
 
