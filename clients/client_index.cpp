@@ -19,14 +19,15 @@ constexpr const char* clientsById =
 
 ListRow clientRow(const Recordset& row) {
     enum Place : std::uint8_t { Surname, FirstName, Born, Telephone, Founded, Intid, Id };
-    return {.text = row.textOrEmpty(Surname),
-            .sub = {row.textOrEmpty(FirstName),
-                    row.textOrEmpty(Born),
-                    row.textOrEmpty(Telephone),
-                    {},
-                    withoutSeconds(row.textOrEmpty(Founded)),
-                    row.textOrEmpty(Intid)},
-            .tag = row.textOrEmpty(Id)};
+    ListRow shown{.text = row.textOrEmpty(Surname), .tag = row.textOrEmpty(Id)};
+    constexpr std::size_t subItems = 6;
+    shown.sub.reserve(subItems); // and moved into, which a list in braces would not do
+    for (const Place place : {FirstName, Born, Telephone})
+        shown.sub.push_back(row.textOrEmpty(place));
+    shown.sub.emplace_back();
+    shown.sub.push_back(withoutSeconds(row.textOrEmpty(Founded)));
+    shown.sub.push_back(row.textOrEmpty(Intid));
+    return shown;
 }
 
 } // namespace

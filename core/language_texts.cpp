@@ -24,6 +24,10 @@ void LanguageTexts::setFile(std::filesystem::path file, bool russian) {
 
 std::string LanguageTexts::value(std::string_view section, std::string_view key) const {
     readAgainWhenChanged();
+    return knownValue(section, key);
+}
+
+std::string LanguageTexts::knownValue(std::string_view section, std::string_view key) const {
     const auto at = entries_.find(entryName(section, key));
     return at == entries_.end() ? std::string{} : at->second;
 }
@@ -51,11 +55,13 @@ std::string t(const Session& session, std::string_view key) {
 }
 
 void applyLanguage(const Session& session, Window& window) {
+    const LanguageTexts& texts = session.texts;
+    texts.readAgainWhenChanged();
     for (Control* const control : window.controls()) {
         if (auto* const caption = control->captionProperty())
-            *caption = session.texts.value(window.section(), control->name() + ".caption");
+            *caption = texts.knownValue(window.section(), control->name() + ".caption");
         if (auto* const text = control->textProperty())
-            *text = session.texts.value(window.section(), control->name() + ".text");
+            *text = texts.knownValue(window.section(), control->name() + ".text");
     }
 }
 

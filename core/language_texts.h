@@ -21,6 +21,11 @@ public:
     // Empty when the file, section or key is missing. At most 254 characters.
     [[nodiscard]] std::string value(std::string_view section, std::string_view key) const;
 
+    // For many texts in a row: `value` without its look whether the file changed, which
+    // `readAgainWhenChanged` takes once for all of them.
+    [[nodiscard]] std::string knownValue(std::string_view section, std::string_view key) const;
+    void readAgainWhenChanged() const;
+
 private:
     // By which a change of the file shows.
     struct Stamp {
@@ -28,8 +33,6 @@ private:
         std::uintmax_t size = 0;
         bool operator==(const Stamp&) const = default;
     };
-
-    void readAgainWhenChanged() const;
 
     std::filesystem::path file_;
     bool russian_ = false;

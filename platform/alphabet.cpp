@@ -30,11 +30,10 @@ std::string Alphabet::key(std::string_view text) const {
     std::array<std::uint8_t, usual> room{};
     const std::int32_t length =
         order_->collator->getSortKey(unicode, room.data(), static_cast<std::int32_t>(usual));
+    if (length <= static_cast<std::int32_t>(usual))
+        return {room.begin(), room.begin() + length};
     std::string key(static_cast<std::size_t>(length), '\0');
-    if (key.size() <= usual)
-        key.assign(room.begin(), room.begin() + length);
-    else
-        order_->collator->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()), length);
+    order_->collator->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()), length);
     return key;
 }
 

@@ -68,6 +68,10 @@ void bind(sqlite3_stmt* statement, int index, const DatabaseValue& value) {
         sqlite3_bind_null(statement, index);
 }
 
+std::string textOf(const unsigned char* bytes, int size) {
+    return {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(size)};
+}
+
 std::string_view argumentText(sqlite3_value* value) {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
     return bytes == nullptr
@@ -147,10 +151,10 @@ std::string Recordset::text(std::string_view column) const {
 }
 
 std::string Recordset::textAt(int index) const {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(handle_, index));
+    const unsigned char* const bytes = sqlite3_column_text(handle_, index);
     if (bytes == nullptr)
         throw Failure("a column holds no value");
-    return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(handle_, index))};
+    return textOf(bytes, sqlite3_column_bytes(handle_, index));
 }
 
 std::string Recordset::textOrEmpty(std::string_view column) const {
@@ -160,8 +164,8 @@ std::string Recordset::textOrEmpty(std::string_view column) const {
 }
 
 std::string Recordset::textOrEmpty(int place) const {
-    const bool holdsValue = !atEnd_ && sqlite3_column_type(handle_, place) != SQLITE_NULL;
-    return holdsValue ? textAt(place) : std::string{};
+    const unsigned char* const bytes = atEnd_ ? nullptr : sqlite3_column_text(handle_, place);
+    return bytes == nullptr ? std::string{} : textOf(bytes, sqlite3_column_bytes(handle_, place));
 }
 
 std::int64_t Recordset::number(std::string_view column) const {

@@ -145,7 +145,7 @@ std::string readWholeFile(const fs::path& path) {
         throw Failure("a file cannot be read");
     // read() turns an error of the medium into a bad stream; the stream's iterators let it out.
     std::string bytes;
-    std::array<char, 65536> part{};
+    std::array<char, 16384> part{};
     do {
         file.read(part.data(), part.size());
         bytes.append(part.data(), static_cast<std::size_t>(file.gcount()));

@@ -36,7 +36,6 @@ QWidget* searchRow(const PageParts& parts) {
     auto* const line = row();
     whole->setLayout(line);
     auto* const filter = new QLineEdit;
-    filter->setFont(sizedFont(16));
     filter->setMinimumHeight(px(44));
     filter->setMaximumWidth(px(420));
     filter->setPlaceholderText(parts.texts("Text13.empty"));
