@@ -19,9 +19,10 @@ constexpr const char* clientsById =
 
 ListRow clientRow(const Recordset& row) {
     enum Place : std::uint8_t { Surname, FirstName, Born, Telephone, Founded, Intid, Id };
+    // Filled one by one: a list in braces would copy each text.
     ListRow shown{.text = row.textOrEmpty(Surname), .tag = row.textOrEmpty(Id)};
     constexpr std::size_t subItems = 6;
-    shown.sub.reserve(subItems); // and moved into, which a list in braces would not do
+    shown.sub.reserve(subItems);
     for (const Place place : {FirstName, Born, Telephone})
         shown.sub.push_back(row.textOrEmpty(place));
     shown.sub.emplace_back();

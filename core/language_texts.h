@@ -21,8 +21,8 @@ public:
     // Empty when the file, section or key is missing. At most 254 characters.
     [[nodiscard]] std::string value(std::string_view section, std::string_view key) const;
 
-    // For many texts in a row: `value` without its look whether the file changed, which
-    // `readAgainWhenChanged` takes once for all of them.
+    // For many texts in a row: `value` as of the last `readAgainWhenChanged`, which looks whether
+    // the file changed once for all of them.
     [[nodiscard]] std::string knownValue(std::string_view section, std::string_view key) const;
     void readAgainWhenChanged() const;
 

@@ -100,9 +100,9 @@ void nastavJazyk(Database& database, std::int16_t language) {
     // leaves the previous language whole.
     Transaction transaction(database);
     const bool reset = attempt([&] { database.execute(resetMeridians, values); });
-    attempt([&] {
-        database.execute(extendShortNames, {std::int64_t{language}, std::int64_t{reset ? 1 : 0}});
-    });
+    std::vector<DatabaseValue> extension = values;
+    extension.emplace_back(std::int64_t{reset ? 1 : 0});
+    attempt([&] { database.execute(extendShortNames, extension); });
     for (const Translation& translation : translations())
         attempt([&] { database.execute(stepOf(translation), values); });
     transaction.commit();

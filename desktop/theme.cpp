@@ -132,8 +132,8 @@ void applyTheme(QApplication& application, ThemeChoice choice) {
                           : choice == ThemeChoice::Dark;
     application.setProperty(darkProperty, dark);
     QFont font = application.font();
-    // A desktop that has chosen no family gets the one whose figures are all of one width. Named,
-    // it is also found at once; a name that stands for any family is searched for in each size.
+    // Where the desktop names the generic family only, it is the one whose figures are all of one
+    // width. Named, it is also found at once; the generic name is searched for in each size.
     if (font.families() == QStringList("Sans Serif"))
         font.setFamily("Noto Sans");
     // The window is read at arm's length: the user's own size counts from 15 pixels on.

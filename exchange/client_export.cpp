@@ -42,10 +42,13 @@ fs::path run(ExchangeContext& context, const Export& form) {
         return {};
     }
     const fs::path target = targetIn(chosen, form.name);
+    if (archive->newArchive(target) == 0) { // before the older one goes
+        dialogs.message(archive->lastErrorText());
+        return {};
+    }
     std::error_code ignored; // what cannot be removed shows when the archive is written
     if (!fs::is_directory(fs::symlink_status(target, ignored)))
         fs::remove(target, ignored);
-    archive->newArchive(target);
     const bool filled = archive->addFolder(source, true) != 0;
     if (filled && archive->entryCount() == 0)
         return {};

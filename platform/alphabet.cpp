@@ -26,11 +26,10 @@ Alphabet::~Alphabet() = default;
 std::string Alphabet::key(std::string_view text) const {
     const auto unicode = icu::UnicodeString::fromUTF8(
         icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
-    constexpr std::size_t usual = 128; // most names need no more
+    constexpr std::int32_t usual = 128; // most names need no more
     std::array<std::uint8_t, usual> room{};
-    const std::int32_t length =
-        order_->collator->getSortKey(unicode, room.data(), static_cast<std::int32_t>(usual));
-    if (length <= static_cast<std::int32_t>(usual))
+    const std::int32_t length = order_->collator->getSortKey(unicode, room.data(), usual);
+    if (length <= usual)
         return {room.begin(), room.begin() + length};
     std::string key(static_cast<std::size_t>(length), '\0');
     order_->collator->getSortKey(unicode, reinterpret_cast<std::uint8_t*>(key.data()), length);

@@ -1,5 +1,5 @@
 // How the probe is found on the machine: the device on the USB bus, what its memory tells of it,
-// and the number of its serial port. Real: libftdi1 (ftdi_device_search.h). In tests: a script.
+// and the number of its serial port. Real: libftdi1 (platform/devices). In tests: a script.
 #pragma once
 
 #include <optional>

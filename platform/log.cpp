@@ -2,32 +2,29 @@
 
 #include "platform/failure.h"
 
-#include <atomic>
 #include <cstdio>
+#include <cstdlib>
+#include <string>
 
 namespace vorna {
 namespace {
 
-// The one process-wide switch: a log that had to be passed through every call would be in the
-// way of all the code that has nothing to log.
-std::atomic<bool>& logSwitch() {
-    static std::atomic<bool> on{false};
+// The environment decides for the whole process, the program's own libraries among it: a log that
+// had to be passed through every call would be in the way of all the code that has nothing to log.
+bool isLogOn() {
+    static const bool on = std::getenv("VORNA_LOG") != nullptr;
     return on;
 }
 
 } // namespace
 
-void switchLogOn(bool on) {
-    logSwitch() = on;
-}
-
 void logLine(std::string_view text) {
-    if (logSwitch())
+    if (isLogOn())
         std::fprintf(stderr, "vorna: %.*s\n", static_cast<int>(text.size()), text.data());
 }
 
 void logPassedOver(const Failure& failure) {
-    if (logSwitch())
+    if (isLogOn())
         logLine(std::string("passed over: ") + failure.what());
 }
 

@@ -1,4 +1,4 @@
-// The serial line to the probe. Real: a port of the machine (platform/qt). In tests: a script.
+// The serial line to the probe. Real: a port of the machine (platform/devices). In tests: a script.
 #pragma once
 
 #include <functional>

@@ -54,6 +54,13 @@ std::vector<int> serialPortNumbers(const fs::path& folder) {
     return numbers;
 }
 
+std::vector<std::string> serialPortNames() {
+    std::vector<std::string> names;
+    for (const int number : serialPortNumbers())
+        names.push_back("COM" + std::to_string(number) + ":");
+    return names;
+}
+
 std::optional<int> serialPortOfDevice(UsbAddress device, const fs::path& folder) {
     for (const int number : serialPortNumbers(folder))
         if (addressAbove(folder / (std::string(portPrefix) + std::to_string(number))) == device)

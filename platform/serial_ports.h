@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace vorna {
@@ -12,6 +13,9 @@ inline constexpr const char* serialPortFolder = "/sys/class/tty";
 
 // The numbers n of ttyUSB<n>, ascending. Empty when the folder cannot be read.
 std::vector<int> serialPortNumbers(const std::filesystem::path& folder = serialPortFolder);
+
+// The same in the form "COM4:".
+std::vector<std::string> serialPortNames();
 
 struct UsbAddress {
     int bus = 0;

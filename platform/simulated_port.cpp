@@ -48,4 +48,9 @@ std::optional<fs::path> runningSimulatedPort(const fs::path& processes) {
     return std::nullopt;
 }
 
+std::string simulatedPortName() {
+    const auto port = runningSimulatedPort();
+    return port ? port->string() : std::string{};
+}
+
 } // namespace vorna

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace vorna {
 
@@ -10,5 +11,8 @@ namespace vorna {
 // none runs. `processes` is the system's folder of processes.
 std::optional<std::filesystem::path>
 runningSimulatedPort(const std::filesystem::path& processes = "/proc");
+
+// The same of this machine as a text; empty when none runs.
+std::string simulatedPortName();
 
 } // namespace vorna

@@ -1,8 +1,6 @@
-// What the program finds in its library of archives by its name.
+#include "desktop/libraries/makers.h"
 #include "exchange/zip/zip_archive.h"
 
-#include <QtGlobal>
-
-extern "C" Q_DECL_EXPORT vorna::Archive* makeArchive(vorna::WorkProgress* progress) {
+vorna::Archive* makeArchive(vorna::WorkProgress* progress) {
     return new vorna::ZipArchive(progress);
 }

@@ -17,7 +17,7 @@ public:
     std::int64_t extractAll(const std::filesystem::path&) override { return -1; }
     [[nodiscard]] std::string lastErrorText() const override {
         return "The program's library libvorna-" + library_ +
-               ".so cannot be loaded. Please install the program again.";
+               ".so cannot be used. Please start the program again, or else install it again.";
     }
     [[nodiscard]] bool cancelled() const override { return false; }
 
@@ -28,7 +28,7 @@ private:
 } // namespace
 
 std::unique_ptr<Archive> archiveOfLibrary(const char* library, WorkProgress* progress) {
-    if (auto archive = seamOfLibrary<Archive>(library, "makeArchive", progress))
+    if (auto archive = seamOfLibrary<decltype(makeArchive)>(library, "makeArchive", progress))
         return archive;
     return std::make_unique<MissingArchive>(library);
 }

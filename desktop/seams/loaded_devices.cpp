@@ -1,12 +1,14 @@
 #include "desktop/seams/loaded_devices.h"
 
 #include "desktop/seams/late_library.h"
+#include "platform/serial_ports.h"
+#include "platform/simulated_port.h"
 
 namespace vorna {
 
 bool LoadedSerialLine::open(const std::string& devicePath) {
     if (!line_) {
-        line_ = seamOfLibrary<SerialLine>("devices", "makeSerialLine");
+        line_ = seamOfLibrary<decltype(makeSerialLine)>(library_, "makeSerialLine");
         if (!line_)
             return false;
         line_->received = [this](std::string_view text) {
@@ -34,7 +36,7 @@ void LoadedSerialLine::close() {
 
 DeviceSearch* LoadedDeviceSearch::search() {
     if (!search_)
-        search_ = seamOfLibrary<DeviceSearch>("devices", "makeDeviceSearch", &loop_);
+        search_ = seamOfLibrary<decltype(makeDeviceSearch)>(library_, "makeDeviceSearch", &loop_);
     return search_.get();
 }
 
@@ -56,11 +58,11 @@ bool LoadedDeviceSearch::close() {
 }
 
 std::string LoadedDeviceSearch::simulatedPort() {
-    return search() == nullptr ? std::string{} : search_->simulatedPort();
+    return simulatedPortName();
 }
 
 std::vector<std::string> LoadedDeviceSearch::ports() {
-    return search() == nullptr ? std::vector<std::string>{} : search_->ports();
+    return serialPortNames();
 }
 
 } // namespace vorna

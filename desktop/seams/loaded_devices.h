@@ -1,4 +1,5 @@
-// The probe's line and the search for it, by the library `devices`. Without it there is no probe.
+// The probe's line and the search for it, by a library of the program. Without it there is no
+// probe.
 #pragma once
 
 #include "platform/device_search.h"
@@ -12,20 +13,24 @@ namespace vorna {
 // Loaded when a port is opened for the first time. The real line has none of the options.
 class LoadedSerialLine final : public SerialLine {
 public:
+    explicit LoadedSerialLine(const char* library = "devices") : library_(library) {}
+
     bool open(const std::string& devicePath) override;
     void configure(std::string_view settings) override;
     void send(std::string_view text) override;
     void close() override;
 
 private:
+    const char* library_;
     std::unique_ptr<SerialLine> line_;
 };
 
-// Loaded with the first question.
+// Loaded with the first question about the device; the ports are known without it.
 class LoadedDeviceSearch final : public DeviceSearch {
 public:
     // The loop must outlive it.
-    explicit LoadedDeviceSearch(EventLoop& loop) : loop_(loop) {}
+    explicit LoadedDeviceSearch(EventLoop& loop, const char* library = "devices")
+        : loop_(loop), library_(library) {}
 
     bool open() override;
     Memory readMemory() override;
@@ -38,6 +43,7 @@ private:
     DeviceSearch* search();
 
     EventLoop& loop_;
+    const char* library_;
     std::unique_ptr<DeviceSearch> search_;
 };
 

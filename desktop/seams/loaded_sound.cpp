@@ -6,7 +6,7 @@ namespace vorna {
 
 void LoadedSound::play(const std::filesystem::path& file, bool wait) {
     if (!loaded_)
-        sound_ = seamOfLibrary<Sound>("sound", "makeSound");
+        sound_ = seamOfLibrary<decltype(makeSound)>("sound", "makeSound");
     loaded_ = true;
     if (sound_)
         sound_->play(file, wait);

@@ -113,15 +113,11 @@ bool FtdiDeviceSearch::close() {
 }
 
 std::vector<std::string> FtdiDeviceSearch::ports() {
-    std::vector<std::string> names;
-    for (const int number : serialPortNumbers())
-        names.push_back("COM" + std::to_string(number) + ":");
-    return names;
+    return serialPortNames();
 }
 
 std::string FtdiDeviceSearch::simulatedPort() {
-    const auto port = runningSimulatedPort();
-    return port ? port->string() : std::string{};
+    return simulatedPortName();
 }
 
 } // namespace vorna

@@ -3,6 +3,7 @@
 #include "desktop/seams/loaded_archive.h"
 #include "desktop/seams/loaded_devices.h"
 #include "exchange/client_export.h"
+#include "exchange/client_import.h"
 #include "platform/files.h"
 #include "platform/virtual_event_loop.h"
 #include "tests/desktop/desktop_desk.h"
@@ -14,6 +15,8 @@
 namespace vorna {
 namespace {
 
+using testing::_;
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 TEST(LateLibrariesTest, AnArchiveGoesThereAndBack) {
@@ -42,21 +45,52 @@ TEST(LateLibrariesTest, TheSearchForTheProbeAnswers) {
     EXPECT_FALSE(search.close());
 }
 
-TEST(LateLibrariesTest, AnExportWithoutItsLibraryIsToldAndWritesNothing) {
+TEST(LateLibrariesTest, WithoutTheirLibraryThereIsNoProbe) {
+    LoadedSerialLine line("none");
+    line.configure("9600,n,8,1");
+    EXPECT_FALSE(line.open("/dev/ttyUSB0"));
+    line.configure("9600,n,8,1");
+    line.send("x");
+    line.close();
+    VirtualClock clock{LocalTime{}};
+    VirtualEventLoop loop{clock};
+    LoadedDeviceSearch search(loop, "none");
+    EXPECT_FALSE(search.open());
+    EXPECT_NE(search.readMemory().status, 0);
+    EXPECT_EQ(search.portNumber(), std::nullopt);
+    EXPECT_FALSE(search.close());
+}
+
+TEST(LateLibrariesTest, WithoutTheirLibraryExportAndImportSaySoAndChangeNothing) {
     DesktopDesk desk;
     desk.start(3);
     desk.selectSample();
-    ScratchFolder target;
+    Session& session = desk.program->context().session;
     TestPlatform seams;
-    seams.dialogs.paths = {target.path()};
-    ClientContext clients =
-        clientContext(desk.program->window(), desk.program->context().session, seams.platform);
+    ClientContext clients = clientContext(desk.program->window(), session, seams.platform);
     ExchangeContext exchange{.clients = clients, .makeArchive = [](WorkProgress* progress) {
                                  return archiveOfLibrary("none", progress);
                              }};
-    EXPECT_EQ(exportClient(exchange), fs::path{});
-    EXPECT_THAT(seams.dialogs.shown.back(), HasSubstr("libvorna-none.so cannot be loaded"));
-    EXPECT_TRUE(fs::is_empty(target.path()));
+    const ScratchFolder target;
+    const fs::path older = target.write("VornaExport.zip", "an older archive");
+    const auto holdsWhatItHeld = [&] {
+        return readWholeFile(older) == "an older archive" &&
+               std::distance(fs::directory_iterator(target.path()), {}) == 1;
+    };
+    seams.dialogs.paths = {target.path(), older};
+    EXPECT_EQ(exportGroup(exchange), fs::path{});
+    EXPECT_TRUE(importGroup(exchange).empty());
+    EXPECT_THAT(seams.dialogs.shown, ElementsAre(_, HasSubstr("libvorna-none.so cannot be used"), _,
+                                                 HasSubstr("libvorna-none.so cannot be used")));
+    EXPECT_TRUE(holdsWhatItHeld());
+    EXPECT_TRUE(fs::exists(session.clientsFolder));
+}
+
+TEST(LateLibrariesTest, WhatTheyAreForIsNotInTheProgram) {
+    const std::string program = readWholeFile(VORNA_TEST_PROGRAM);
+    for (const char* name : {"libzip.so", "libftdi1.so", "libusb-1.0.so", "libQt6SerialPort.so",
+                             "libQt6Multimedia.so"})
+        EXPECT_EQ(program.find(name), std::string::npos) << name;
 }
 
 } // namespace

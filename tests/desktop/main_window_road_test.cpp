@@ -196,5 +196,18 @@ TEST_F(MainWindowRoadTest, ThePlaceOfTheWindowIsKept) {
     EXPECT_EQ(desk.program->window().place.top, 30 * twipsPerPixel);
 }
 
+TEST(ThemeTest, AGenericFamilyIsTheOneWithFiguresOfOneWidth) {
+    const QFont before = QApplication::font();
+    const auto familyFor = [](const char* family) {
+        QApplication::setFont(QFont(family));
+        applyTheme(*qApp, ThemeChoice::Light);
+        return QApplication::font().family();
+    };
+    EXPECT_EQ(familyFor("Sans Serif"), "Noto Sans");
+    EXPECT_EQ(familyFor("DejaVu Serif"), "DejaVu Serif");
+    QApplication::setFont(before);
+    applyTheme(*qApp, ThemeChoice::Light);
+}
+
 } // namespace
 } // namespace vorna

@@ -92,8 +92,14 @@ TEST_F(DatabaseTest, ValuesComeBackAsTheyWereBound) {
     EXPECT_THROW(static_cast<void>(row.number("missing")), Failure);
     EXPECT_THROW(static_cast<void>(row.text("no such column")), Failure);
 
+    const Recordset places = database.query("select Missing, '', x'', zeroblob(0), 'ž' from t");
+    for (const int empty : {0, 1, 2, 3})
+        EXPECT_EQ(places.textOrEmpty(empty), "");
+    EXPECT_EQ(places.textOrEmpty(4), "ž");
+
     Recordset none = database.query("select * from t where Number = ?", {std::int64_t{7}});
     EXPECT_TRUE(none.atEnd());
+    EXPECT_EQ(none.textOrEmpty(0), "");
     EXPECT_THROW(static_cast<void>(none.text("Text")), Failure);
     EXPECT_THROW(static_cast<void>(none.isNull("Text")), Failure);
     EXPECT_THROW(none.moveNext(), Failure);

@@ -1,0 +1,5 @@
+#include "desktop/libraries/makers.h"
+
+const char* vornaVersion() {
+    return VORNA_VERSION;
+}
