@@ -85,7 +85,7 @@ void bindReports(MainWindow& window, EvaluationContext& evaluation) {
 void bindExchange(MainWindow& window, const Clients& clients) {
     const auto bind = [&](Button& button, const std::function<void(ExchangeContext&)>& operation) {
         button.clicked = [&window, &button, clients, operation] {
-            if (window.work.running() || !window.makeArchive)
+            if (window.work.running())
                 return;
             applyLanguage(clients->session, window.work);
             window.work.follow(clients->platform.loop, button.caption, [&] {

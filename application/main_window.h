@@ -78,7 +78,7 @@ struct MainWindow final : Window {
     SettingsFrames settings{*this};
 
     WorkWindow work;          // of export and import
-    ArchiveMaker makeArchive; // for them; without it nothing is exported or imported
+    ArchiveMaker makeArchive; // for them; set by the program
 
     // Shows a help file; empty where nobody can.
     std::function<void(const std::filesystem::path&)> showHelp;

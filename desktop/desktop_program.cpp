@@ -2,7 +2,7 @@
 
 #include "desktop/font_reading.h"
 #include "desktop/qt_texts.h"
-#include "desktop/seams/loaded_archive.h"
+#include "desktop/seams/late_library.h"
 #include "desktop/theme.h"
 #include "platform/failure.h"
 #include "platform/files.h"
@@ -62,7 +62,9 @@ DesktopProgram::DesktopProgram(StartupFolders folders)
                                           .measurementList = window_.measurements.list,
                                           .recommend = {}},
       search_(loop_), work_(window_.work) {
-    window_.makeArchive = makeLoadedArchive;
+    window_.makeArchive = [](WorkProgress* progress) {
+        return seamOfLibrary<decltype(makeArchive)>("archive", "makeArchive", progress);
+    };
     bindMainWindow(window_, context_, [this] { end(0); });
     measuring_ = std::make_unique<Measuring>(window_, context_,
                                              ProbeSeams{.line = line_, .search = search_});

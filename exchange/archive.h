@@ -49,7 +49,7 @@ public:
 };
 
 // Makes the archive of one export or import, which tells its progress to whoever is given; null:
-// nobody looks on.
+// nobody looks on. Gives null where archives cannot be had.
 using ArchiveMaker = std::function<std::unique_ptr<Archive>(WorkProgress* progress)>;
 
 } // namespace vorna

@@ -28,7 +28,9 @@ fs::path targetIn(const fs::path& folder, const std::string& name) {
 fs::path run(ExchangeContext& context, const Export& form) {
     Session& session = context.clients.session;
     Dialogs& dialogs = context.clients.platform.dialogs;
-    const std::unique_ptr<Archive> archive = context.makeArchive(context.progress);
+    const std::unique_ptr<Archive> archive = archiveOf(context);
+    if (!archive)
+        return {};
     removeImportFolder(session);
     const fs::path chosen = dialogs.chooseFolder(t(session, "t9"));
     fs::path source;
@@ -42,13 +44,10 @@ fs::path run(ExchangeContext& context, const Export& form) {
         return {};
     }
     const fs::path target = targetIn(chosen, form.name);
-    if (archive->newArchive(target) == 0) { // before the older one goes
-        dialogs.message(archive->lastErrorText());
-        return {};
-    }
     std::error_code ignored; // what cannot be removed shows when the archive is written
     if (!fs::is_directory(fs::symlink_status(target, ignored)))
         fs::remove(target, ignored);
+    archive->newArchive(target);
     const bool filled = archive->addFolder(source, true) != 0;
     if (filled && archive->entryCount() == 0)
         return {};

@@ -89,7 +89,9 @@ std::optional<UnpackedArchive> unpackChosenArchive(ExchangeContext& context) {
     const fs::path file = dialogs.chooseFile({}, t(session, "t11") + " (*.zip)|*.zip");
     if (file.empty())
         return std::nullopt;
-    const std::unique_ptr<Archive> archive = context.makeArchive(context.progress);
+    const std::unique_ptr<Archive> archive = archiveOf(context);
+    if (!archive)
+        return std::nullopt;
     if (archive->openArchive(file) == 1) {
         std::optional<UnpackedArchive> unpacked = takeImportFolder(session, dialogs);
         if (!unpacked || archive->extractAll(unpacked->folder) >= 0)

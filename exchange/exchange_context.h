@@ -13,4 +13,7 @@ struct ExchangeContext {
     WorkProgress* progress = nullptr; // null: nobody looks on, and the work runs to its end
 };
 
+// The archive of one export or import; null where none can be made, which was told.
+std::unique_ptr<Archive> archiveOf(ExchangeContext& context);
+
 } // namespace vorna

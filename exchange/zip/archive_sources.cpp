@@ -69,10 +69,14 @@ protected:
         zip_error_set(&error_, ZIP_ER_OPNOTSUPP, 0);
         return -1;
     }
-    // The offset that a seek of libzip asks for; -1 when it lies outside.
-    zip_int64_t soughtOffset(std::uint64_t offset, std::uint64_t size, void* data,
-                             zip_uint64_t length) {
-        return zip_source_seek_compute_offset(offset, size, data, length, &error_);
+    // Moves the offset to where a seek of libzip asks for; -1 when that lies outside, else 0.
+    zip_int64_t seek(std::uint64_t& offset, std::uint64_t size, void* data, zip_uint64_t length) {
+        const zip_int64_t sought =
+            zip_source_seek_compute_offset(offset, size, data, length, &error_);
+        if (sought < 0)
+            return -1;
+        offset = static_cast<std::uint64_t>(sought);
+        return 0;
     }
     zip_error_t* error() { return &error_; }
 
@@ -175,13 +179,8 @@ public:
             return answerStat(data, size_, nullptr);
         case ZIP_SOURCE_TELL:
             return static_cast<zip_int64_t>(offset_);
-        case ZIP_SOURCE_SEEK: {
-            const zip_int64_t sought = soughtOffset(offset_, size_, data, length);
-            if (sought < 0)
-                return -1;
-            offset_ = static_cast<std::uint64_t>(sought);
-            return 0;
-        }
+        case ZIP_SOURCE_SEEK:
+            return seek(offset_, size_, data, length);
         default:
             return refuse();
         }
@@ -254,13 +253,8 @@ public:
             return write(static_cast<const char*>(data), length);
         case ZIP_SOURCE_TELL_WRITE:
             return static_cast<zip_int64_t>(offset_);
-        case ZIP_SOURCE_SEEK_WRITE: {
-            const zip_int64_t sought = soughtOffset(offset_, size_, data, length);
-            if (sought < 0)
-                return -1;
-            offset_ = static_cast<std::uint64_t>(sought);
-            return 0;
-        }
+        case ZIP_SOURCE_SEEK_WRITE:
+            return seek(offset_, size_, data, length);
         case ZIP_SOURCE_COMMIT_WRITE:
             return commit();
         case ZIP_SOURCE_ROLLBACK_WRITE:
