@@ -6,6 +6,7 @@
 #include <QPalette>
 #include <QScreen>
 #include <QVariant>
+#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
